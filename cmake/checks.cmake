@@ -1,0 +1,46 @@
+# Checks of the build and of the installed tree, run by ctest.
+find_package(Python3 REQUIRED COMPONENTS Interpreter)
+set(checks ${PROJECT_SOURCE_DIR}/tools/checks)
+
+function(tolk_check name)
+  add_test(NAME check.${name} COMMAND ${ARGN})
+endfunction()
+
+tolk_check(layers ${Python3_EXECUTABLE} ${checks}/layers.py ${PROJECT_SOURCE_DIR})
+tolk_check(format ${checks}/format.sh ${PROJECT_SOURCE_DIR})
+set(files "")
+foreach(class IN LISTS TOLK_CLASSES)
+  string(REGEX MATCH "v3$" kind ${class})
+  if(NOT kind)
+    set(kind base)
+  endif()
+  list(APPEND files $<TARGET_FILE:${class}>)
+  tolk_check(instructions.${kind} ${Python3_EXECUTABLE} ${checks}/instructions.py ${kind} $<TARGET_FILE:${class}>)
+  tolk_check(dependencies.${kind} ${Python3_EXECUTABLE} ${checks}/dependencies.py ${kind} $<TARGET_FILE:${class}>)
+endforeach()
+tolk_check(exports ${Python3_EXECUTABLE} ${checks}/exports.py ${checks}/functions.txt
+           ${PROJECT_SOURCE_DIR}/include/tolkcolor.h ${files})
+
+# The installed tree, used as a stranger would: no CMake, only the header's and the library's folder.
+set(prefix ${PROJECT_BINARY_DIR}/installed)
+set(folder ${prefix}/${CMAKE_INSTALL_LIBDIR})
+tolk_check(install sh -ec "rm -rf '${prefix}' && '${CMAKE_COMMAND}' --install . --prefix '${prefix}'")
+set_tests_properties(check.install PROPERTIES FIXTURES_SETUP installed)
+
+# tolk_installed_program(source): compiles it against the installed tree into the prefix.
+function(tolk_installed_program source)
+  get_filename_component(name ${source} NAME_WE)
+  tolk_check(compile.${name} ${CMAKE_C_COMPILER} -Wall -Wextra -Wpedantic -Werror ${PROJECT_SOURCE_DIR}/${source}
+             -I${prefix}/include -L${folder} -ltolkcolor -o ${prefix}/${name})
+  set_tests_properties(check.compile.${name} PROPERTIES FIXTURES_REQUIRED installed FIXTURES_SETUP ${name})
+endfunction()
+
+tolk_installed_program(examples/planar_round_trip.c)
+tolk_check(example ${prefix}/planar_round_trip)
+set_tests_properties(check.example PROPERTIES FIXTURES_REQUIRED planar_round_trip ENVIRONMENT LD_LIBRARY_PATH=${folder}
+  PASS_REGULAR_EXPRESSION "82 90 240 -> 255 1 0\n145 54 34 -> 0 255 1\n41 240 110 -> 0 0 255\n153 99 153 -> 199 151 101\n")
+
+tolk_installed_program(tools/checks/loaded_library.c)
+tolk_check(loader_choice ${checks}/loader_choice.sh ${prefix}/loaded_library ${folder}
+           $<IF:$<BOOL:${TOLK_V3_LIBRARY}>,yes,no>)
+set_tests_properties(check.loader_choice PROPERTIES FIXTURES_REQUIRED loaded_library)

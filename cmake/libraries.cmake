@@ -1,0 +1,45 @@
+# The library, once per processor class: same sources, other flags. The system's loader picks the class.
+set(TOLK_SOURCES
+    frame/version.cpp
+    lumachroma/ycbcr.cpp)
+
+set(TOLK_WARNINGS -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wno-sign-conversion -Wno-psabi)
+if(TOLK_WERROR)
+  list(APPEND TOLK_WARNINGS -Werror)
+endif()
+
+# tolk_library(target FLAGS flags...)
+function(tolk_library target)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "FOLDER" "FLAGS")
+  add_library(${target} SHARED ${TOLK_SOURCES})
+  target_include_directories(${target} PUBLIC $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/include>
+                                              $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>
+                                       PRIVATE ${PROJECT_SOURCE_DIR})
+  target_compile_options(${target} PRIVATE ${TOLK_WARNINGS} -ffp-contract=off -fno-exceptions -fno-rtti
+                                           -fno-math-errno -fvisibility-inlines-hidden ${arg_FLAGS})
+  target_link_options(${target} PRIVATE -Wl,--no-undefined -Wl,--as-needed
+                                        -Wl,--version-script=${PROJECT_SOURCE_DIR}/frame/exports.map)
+  set_target_properties(${target} PROPERTIES
+    OUTPUT_NAME tolkcolor VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR}
+    CXX_VISIBILITY_PRESET hidden LINK_DEPENDS ${PROJECT_SOURCE_DIR}/frame/exports.map
+    LIBRARY_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/${arg_FOLDER})
+endfunction()
+
+set(TOLK_V3_FOLDER glibc-hwcaps/x86-64-v3)
+tolk_library(tolkcolor FOLDER lib FLAGS -mssse3)
+install(TARGETS tolkcolor LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
+install(FILES include/tolkcolor.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
+set(TOLK_CLASSES tolkcolor)
+
+if(TOLK_V3_LIBRARY)
+  tolk_library(tolkcolor_v3 FOLDER lib/${TOLK_V3_FOLDER} FLAGS -mavx2)
+  target_link_options(tolkcolor_v3 PRIVATE -Wl,-z,x86-64-v3)
+  install(TARGETS tolkcolor_v3 LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}/${TOLK_V3_FOLDER} NAMELINK_SKIP)
+  list(APPEND TOLK_CLASSES tolkcolor_v3)
+endif()
+
+# The same sources pixel by pixel on plain integers: the benchmark's measure of "plain scalar code". Never installed.
+if(TOLK_BENCH OR TOLK_TESTS)
+  tolk_library(tolkcolor_plain FOLDER plain FLAGS -mssse3 -DTOLK_PLAIN -O2
+    $<IF:$<CXX_COMPILER_ID:GNU>,-fno-tree-vectorize,-fno-vectorize> $<$<CXX_COMPILER_ID:Clang>:-fno-slp-vectorize>)
+endif()

@@ -1,0 +1,49 @@
+// Validation: small tests in the order of the words, the first fault is returned.
+#pragma once
+
+#include "tolkcolor.h"
+
+namespace tolk {
+
+struct PointerTest {
+  bool null;
+  TolkStatus fault() const { return null ? tolkStatusNullPointer : tolkStatusOk; }
+};
+template <class... Pointers>
+PointerTest pointers(Pointers... p) {
+  return {(... || (p == nullptr))};
+}
+
+// The planes of an array, which an earlier pointers() has found to be there.
+template <class Pointer>
+struct PlaneTest {
+  const Pointer* plane;
+  int count;
+  TolkStatus fault() const {
+    for (int i = 0; i < count; ++i) {
+      if (plane[i] == nullptr) return tolkStatusNullPointer;
+    }
+    return tolkStatusOk;
+  }
+};
+template <class Pointer>
+PlaneTest<Pointer> planes(const Pointer* plane, int count = 3) {
+  return {plane, count};
+}
+
+struct SizeTest {
+  TolkSize roi, least;
+  TolkStatus fault() const {
+    return roi.width < least.width || roi.height < least.height ? tolkStatusBadSize : tolkStatusOk;
+  }
+};
+inline SizeTest size(TolkSize roi, TolkSize least = {1, 1}) { return {roi, least}; }
+
+template <class... Tests>
+TolkStatus check(const Tests&... tests) {
+  TolkStatus fault = tolkStatusOk;
+  static_cast<void>((... || ((fault = tests.fault()) != tolkStatusOk)));
+  return fault;
+}
+
+}  // namespace tolk

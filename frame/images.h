@@ -1,0 +1,206 @@
+// Sources and destinations of rows: packed pixels and planes.
+#pragma once
+
+#include <algorithm>
+
+#include "frame/layouts.h"
+
+namespace tolk {
+
+// Pixels in a lane: samples of one register's lane.
+template <class T>
+inline constexpr int kLanePixels = 16 / int{sizeof(T)};
+
+template <class T>
+using BytesOf = std::conditional_t<std::is_const_v<T>, const uint8_t, uint8_t>;
+
+// What becomes of the samples of a pixel that no channel fills.
+struct Keep {};
+struct Set {
+  int value;
+};
+
+// ---- Packed ----
+
+template <class Layout, class Element>
+struct PackedRow {
+  using T = std::remove_const_t<Element>;
+  using Sample = T;
+  using Byte = BytesOf<Element>;
+  static constexpr int kPixelBytes = Layout::kStride * int{sizeof(T)};
+  static constexpr int kLaneBytes = kPixelBytes * kLanePixels<T>;
+  Byte* base;
+
+  Byte* at(ptrdiff_t x) const { return base + x * kPixelBytes; }
+
+  template <int L>
+  LANE_OP Registers<T, L, Layout::kStride> registers(ptrdiff_t x) const {
+    Registers<T, L, Layout::kStride> memory;
+    for (int k = 0; k < Layout::kStride; ++k) memory[k] = loadLanes<kLaneBytes, T, L>(at(x) + 16 * k);
+    return memory;
+  }
+  LANE_OP Registers<T, 1, Layout::kStride> someRegisters(ptrdiff_t x, ptrdiff_t pixels) const {
+    Registers<T, 1, Layout::kStride> memory;
+    for (int k = 0; k < Layout::kStride; ++k) memory[k] = loadBytes<T>(at(x) + 16 * k, pixels * kPixelBytes - 16 * k);
+    return memory;
+  }
+  T sample(ptrdiff_t x, int place) const {
+    T value;
+    std::memcpy(&value, at(x) + place * int{sizeof(T)}, sizeof value);
+    return value;
+  }
+  void setSample(ptrdiff_t x, int place, T value) const {
+    std::memcpy(at(x) + place * int{sizeof(T)}, &value, sizeof value);
+  }
+};
+
+template <class Layout, class T>
+struct PackedSource {
+  struct Row : PackedRow<Layout, const T> {
+    template <int L>
+    LANE_OP auto load(ptrdiff_t x) const {
+      return unpackPixels<Layout>(this->template registers<L>(x));
+    }
+    LANE_OP auto loadSome(ptrdiff_t x, ptrdiff_t pixels) const {
+      return unpackPixels<Layout>(this->someRegisters(x, pixels));
+    }
+    auto loadPixel(ptrdiff_t x) const {
+      std::array<T, Layout::kChannels> pixel;
+      for (int c = 0; c < Layout::kChannels; ++c) pixel[c] = this->sample(x, Layout::kPlace[c]);
+      return pixel;
+    }
+  };
+  Row row(ptrdiff_t y) const { return {{base + y * step}}; }
+
+  const uint8_t* base;
+  ptrdiff_t step;
+};
+
+// Fourth: Keep or Set, for the samples that no channel fills.
+template <class Layout, class T, class Fourth>
+struct PackedTarget {
+  struct Row : PackedRow<Layout, T> {
+    Fourth fourth;
+
+    template <int L>
+    LANE_OP void store(ptrdiff_t x, const Registers<T, L, Layout::kChannels>& channel) const {
+      const auto memory = packed<L>(channel, [&] { return this->template registers<L>(x); });
+      for (int k = 0; k < Layout::kStride; ++k) storeLanes<Row::kLaneBytes>(this->at(x) + 16 * k, memory[k]);
+    }
+    LANE_OP void storeSome(ptrdiff_t x, ptrdiff_t pixels, const Registers<T, 1, Layout::kChannels>& channel) const {
+      const auto memory = packed<1>(channel, [&] { return this->someRegisters(x, pixels); });
+      for (int k = 0; k < Layout::kStride; ++k) {
+        storeBytes(this->at(x) + 16 * k, memory[k], pixels * Row::kPixelBytes - 16 * k);
+      }
+    }
+    void storePixel(ptrdiff_t x, const auto& pixel) const {
+      for (int place = 0; place < Layout::kStride; ++place) {
+        const int c = Layout::channelAt(place);
+        if (c < Layout::kChannels) {
+          this->setSample(x, place, static_cast<T>(pixel[c]));
+        } else if constexpr (std::is_same_v<Fourth, Set>) {
+          this->setSample(x, place, static_cast<T>(fourth.value));
+        }
+      }
+    }
+
+   private:
+    template <int L>
+    LANE_OP auto packed(const Registers<T, L, Layout::kChannels>& channel, auto oldRegisters) const {
+      if constexpr (Layout::kStride == Layout::kChannels) {
+        return packPixels<Layout>(channel, Reg<T, L>::splat(0));
+      } else if constexpr (std::is_same_v<Fourth, Set>) {
+        return packPixels<Layout>(channel, Reg<T, L>::splat(static_cast<T>(fourth.value)));
+      } else {
+        Registers<T, L, Layout::kChannels> none;
+        none.fill(Reg<T, L>::splat(0));
+        const auto keepMask = packPixels<Layout>(none, Reg<T, L>::splat(static_cast<T>(-1)));
+        auto memory = packPixels<Layout>(channel, Reg<T, L>::splat(0));
+        const auto old = oldRegisters();
+        for (int k = 0; k < Layout::kStride; ++k) memory[k] = memory[k] | (old[k] & keepMask[k]);
+        return memory;
+      }
+    }
+  };
+  Row row(ptrdiff_t y) const { return {{base + y * step}, fourth}; }
+
+  uint8_t* base;
+  ptrdiff_t step;
+  Fourth fourth;
+};
+
+// ---- Planes of full resolution ----
+
+template <class Element, int C>
+struct PlanarImage {
+  using T = std::remove_const_t<Element>;
+  using Byte = BytesOf<Element>;
+  struct Row {
+    using Sample = T;
+    std::array<Byte*, C> base;
+
+    Byte* at(ptrdiff_t x, int c) const { return base[c] + x * ptrdiff_t{sizeof(T)}; }
+
+    template <int L>
+    LANE_OP Registers<T, L, C> load(ptrdiff_t x) const {
+      Registers<T, L, C> channel;
+      for (int c = 0; c < C; ++c) channel[c] = loadLanes<16, T, L>(at(x, c));
+      return channel;
+    }
+    LANE_OP Registers<T, 1, C> loadSome(ptrdiff_t x, ptrdiff_t pixels) const {
+      Registers<T, 1, C> channel;
+      for (int c = 0; c < C; ++c) channel[c] = loadBytes<T>(at(x, c), pixels * ptrdiff_t{sizeof(T)});
+      return channel;
+    }
+    std::array<T, C> loadPixel(ptrdiff_t x) const {
+      std::array<T, C> pixel;
+      for (int c = 0; c < C; ++c) std::memcpy(&pixel[c], at(x, c), sizeof(T));
+      return pixel;
+    }
+    template <int L>
+    LANE_OP void store(ptrdiff_t x, const Registers<T, L, C>& channel) const {
+      for (int c = 0; c < C; ++c) storeLanes<16>(at(x, c), channel[c]);
+    }
+    LANE_OP void storeSome(ptrdiff_t x, ptrdiff_t pixels, const Registers<T, 1, C>& channel) const {
+      for (int c = 0; c < C; ++c) storeBytes(at(x, c), channel[c], pixels * ptrdiff_t{sizeof(T)});
+    }
+    void storePixel(ptrdiff_t x, const auto& pixel) const {
+      for (int c = 0; c < C; ++c) {
+        const T value = static_cast<T>(pixel[c]);
+        std::memcpy(at(x, c), &value, sizeof value);
+      }
+    }
+  };
+  Row row(ptrdiff_t y) const {
+    Row row;
+    for (int c = 0; c < C; ++c) row.base[c] = base[c] + y * step[c];
+    return row;
+  }
+
+  std::array<Byte*, C> base;
+  std::array<ptrdiff_t, C> step;
+};
+
+// ---- What the exported functions call them ----
+
+template <class Layout, class T>
+PackedSource<Layout, T> from(const T* src, ptrdiff_t step) {
+  return {reinterpret_cast<const uint8_t*>(src), step};
+}
+template <class Layout, class T, class Fourth = Keep>
+PackedTarget<Layout, T, Fourth> to(T* dst, ptrdiff_t step, Fourth fourth = {}) {
+  return {reinterpret_cast<uint8_t*>(dst), step, fourth};
+}
+// Three planes with one step.
+template <class T>
+PlanarImage<const T, 3> from(const T* const* src, ptrdiff_t step) {
+  auto plane = [&](int c) { return reinterpret_cast<const uint8_t*>(src[c]); };
+  return {{plane(0), plane(1), plane(2)}, {step, step, step}};
+}
+template <class T>
+PlanarImage<T, 3> to(T* const* dst, ptrdiff_t step) {
+  auto plane = [&](int c) { return reinterpret_cast<uint8_t*>(dst[c]); };
+  return {{plane(0), plane(1), plane(2)}, {step, step, step}};
+}
+
+}  // namespace tolk

@@ -1,0 +1,164 @@
+/* TolkColor: image colour-conversion primitives for 64-bit x86. C11 and C++.
+ *
+ * Every function is flat: it takes caller-owned memory, converts one rectangular region, and returns a status. It keeps
+ * no state, starts no thread, allocates nothing and prints nothing, and may run on any number of threads at once over
+ * different destinations. Every output bit is defined, and is the same in every build and on every processor.
+ *
+ * Images. A pointer addresses the first sample of the region; a step is the distance in bytes from one row to the next,
+ * so row y is at base + y * step, computed in 64 bits. Unless a family says that it tests steps, a step may be any
+ * value: tight, padded, odd, zero or negative. Nothing needs alignment. No byte outside the region's rows is read or
+ * written. Source and destination must not overlap, except in the in-place (I) forms.
+ *
+ * Names. tolk<From>To<To>[_variant]_<sample types>_<layouts>: colour spaces name their samples in memory order (BGR has
+ * blue first). Layouts: C3 three interleaved channels; C4 four, the fourth computed, copied or set; AC4 four, the fourth
+ * an alpha position that the operation does not compute; P2 luma and interleaved chroma planes; P3 three planes. Two
+ * joined layouts are source then destination. R: works on a region with steps.
+ *
+ * Blocks and tails. Where a family gives two formulas, columns below `width & ~(N - 1)` of every row use the block
+ * formula and the rest the tail formula. Both are part of the definition: a sample may depend on its column.
+ *
+ * Errors. The tests run in the stated order and the first fault is returned; nothing has been written then.
+ */
+#ifndef TOLKCOLOR_H
+#define TOLKCOLOR_H
+
+#include <stdint.h>
+
+#if defined(__GNUC__)
+#define TOLK_API __attribute__((visibility("default")))
+#else
+#define TOLK_API
+#endif
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+/** Result of every image function: zero is success, a negative value an error (nothing was written), a positive value a
+ * warning (the work was done as the family defines it). */
+typedef enum TolkStatus {
+  tolkStatusOk = 0,
+  tolkStatusNotProcessed = 1,       /**< warning: nothing was computed (tone mapping) */
+  tolkStatusOddSize = 35,           /**< warning: not a whole number of chroma groups; the whole groups were converted */
+  tolkStatusBadEnum = -5,           /**< an enumeration argument is out of range */
+  tolkStatusBadSize = -6,           /**< width or height is out of range */
+  tolkStatusNullPointer = -8,       /**< a required pointer is null */
+  tolkStatusContextMismatch = -13,  /**< a generator state carries a wrong tag */
+  tolkStatusBadStep = -16,          /**< a row step is out of range */
+  tolkStatusBadChannelType = -47,   /**< channel-layout code not accepted by the buffer-size query */
+  tolkStatusGammaRange = -49,       /**< vMax is not above vMin */
+  tolkStatusBadLevels = -54,        /**< reduction level count out of range */
+  tolkStatusBadNoise = -55,         /**< noise percentage out of range */
+  tolkStatusBadDitherType = -224,   /**< dither type out of range */
+  tolkStatusSizeOverflow = -232     /**< a 64-bit dimension exceeds what the call can process */
+} TolkStatus;
+
+/** Region size in pixels; subsampled layouts count luma pixels. */
+typedef struct TolkSize {
+  int32_t width;
+  int32_t height;
+} TolkSize;
+
+/** Identity of the library that the process has loaded. */
+typedef struct TolkLibraryVersion {
+  int32_t versionMajor;
+  int32_t versionMinor;
+  int32_t versionPatch;
+  uint32_t revision;
+  char targetCode[8];      /**< processor target, NUL-terminated */
+  const char* libraryName; /**< product name with its target code */
+  const char* versionText; /**< the three numbers and the revision in hexadecimal */
+  const char* buildDate;
+} TolkLibraryVersion;
+
+/* ==== Version ==== */
+
+/** Returns the constant version record: never null, the same pointer at each call, valid while the library is loaded.
+ * It belongs to the library; do not write through it or free it. */
+TOLK_API const TolkLibraryVersion* tolkGetLibVersion(void);
+
+/* ==== YCbCr at full resolution ==== */
+
+/** Full-range 8-bit RGB or BGR to and from studio-range YCbCr without subsampling: Y 16 to 235, Cb and Cr 16 to 240
+ * about 128. The matrix is that of ITU-R BT.601, except in the 709CSC functions, which use ITU-R BT.709.
+ *
+ * Fixed point: each function has its own scale and rounding. In these terms, divisions rounding toward minus infinity,
+ * rnd8(x, c) = (x * c + 128) / 256 and h(a, c) = a * c / 65536, with Yb = (Y - 16) * 128, Cbb = (Cb - 128) * 128,
+ * Crb = (Cr - 128) * 128 and every result limited to 0..255:
+ *
+ * - forward A: Y = (rnd8(R, 4211) + rnd8(G, 8258) + rnd8(B, 1606) + 1056) / 64,
+ *   Cb = (rnd8(B, 7193) - (rnd8(R, 2425) + rnd8(G, 4768)) + 8194) / 64,
+ *   Cr = (rnd8(R, 7193) - (rnd8(B, 1163) + rnd8(G, 6029)) + 8194) / 64
+ * - forward B: Y = (R * 16843 / 256 + G * 33030 / 256 + B * 6423 / 256 + 128) / 256 + 16,
+ *   Cb = (R * -9699 / 512 + G * -19071 / 512 + B * 28770 / 512 + 64) / 128 + 128,
+ *   Cr = (R * 28770 / 512 + G * -24117 / 512 + B * -4653 / 512 + 64) / 128 + 128
+ * - forward T: Y = (16843 R + 33030 G + 6423 B + 1081344) / 65536,
+ *   Cb = (-9699 R - 19071 G + 28770 B + 8421376) / 65536, Cr = (28770 R - 24117 G - 4653 B + 8421376) / 65536
+ * - inverse A, with y = h(Yb, 4769): R = (y + h(Crb, 6537) + 4) / 8,
+ *   G = (y - (h(Cbb, 1605) + h(Crb, 3330)) + 4) / 8, B = (y + h(Cbb, 8263) + 4) / 8
+ * - inverse B, with y = h(Yb, 9536): R = (y + h(Crb, 13074)) / 16,
+ *   G = (y + h(Cbb, -3203) + h(Crb, -6660)) / 16, B = (y + h(Cbb, 16523)) / 16
+ * - inverse C, with y = h(Yb, 9535): R = (y + h(Crb, 13074) + 8) / 16,
+ *   G = (y - h(Cbb, 3211) - h(Crb, 6660) + 8) / 16, B = (y + h(Cbb, 16523) + 8) / 16
+ * - inverse T: R = (76282 Y + 104593 (Cr - 128) - 1187744) / 65536,
+ *   G = (76282 Y - 25689 (Cb - 128) - 53279 (Cr - 128) - 1187744) / 65536,
+ *   B = (76282 Y + 132184 (Cb - 128) - 1187744) / 65536
+ * - inverse U: inverse T with 76284, 104595, 25690, 53281, 132186 and 1187776; inverse N: inverse U with 1220544
+ * - inverse 709, with y = h(Yb, 9535): R = (y + h(Crb, 14688) + 8) / 16, B = (y + h(Cbb, 17326) + 8) / 16 and, in P3C3R,
+ *   G = (y + h(Cbb, -1745) + h(Crb, -4375) + 8) / 16 or, in P3C4R, G = (y - h(Cbb, 1745) - h(Crb, 4375) + 8) / 16
+ *
+ * A round trip need not give the source back. Planes are in the order of the name (dst[0] is Y, src[0] is R or Y); all
+ * planes of a side share one step. Any width and height from 1. Steps are not tested.
+ *
+ * Returns tolkStatusOk; tolkStatusNullPointer for a null pointer, pointer array or plane; tolkStatusBadSize for a width or
+ * height under 1. Pointers are tested first, then the size; where a function says so, planes are tested after the size.
+ */
+/** Forward A in `width & ~15` columns, then forward T. */
+TOLK_API TolkStatus tolkRGBToYCbCr_8u_C3R(const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                          TolkSize roi);
+/** Forward A in `width & ~15` columns, whose fourth byte is set to 0; then forward T, whose fourth byte is left as it
+ * was. The source's fourth byte is not used. */
+TOLK_API TolkStatus tolkRGBToYCbCr_8u_AC4R(const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                           TolkSize roi);
+/** Forward B in `width & ~7` columns, then forward T. */
+TOLK_API TolkStatus tolkRGBToYCbCr_8u_C3P3R(const uint8_t* src, int32_t srcStep, uint8_t* const dst[3], int32_t dstStep,
+                                            TolkSize roi);
+/** Forward B in `width & ~7` columns, then forward T. The source's fourth byte is not used. */
+TOLK_API TolkStatus tolkRGBToYCbCr_8u_AC4P3R(const uint8_t* src, int32_t srcStep, uint8_t* const dst[3], int32_t dstStep,
+                                             TolkSize roi);
+/** Forward B in `width & ~15` columns, then forward T. Planes are tested after the size. */
+TOLK_API TolkStatus tolkRGBToYCbCr_8u_P3R(const uint8_t* const src[3], int32_t srcStep, uint8_t* const dst[3],
+                                          int32_t dstStep, TolkSize roi);
+/** Inverse A in `width & ~7` columns, then inverse T. */
+TOLK_API TolkStatus tolkYCbCrToRGB_8u_C3R(const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                          TolkSize roi);
+/** Inverse A in `width & ~7` columns, then inverse T. */
+TOLK_API TolkStatus tolkYCbCrToRGB_8u_P3C3R(const uint8_t* const src[3], int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                            TolkSize roi);
+/** Inverse A in `width & ~7` columns, then inverse T. */
+TOLK_API TolkStatus tolkYCbCrToBGR_8u_P3C3R(const uint8_t* const src[3], int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                            TolkSize roi);
+/** Inverse N in every column. The destination's fourth byte is left as it was. */
+TOLK_API TolkStatus tolkYCbCrToRGB_8u_AC4R(const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                           TolkSize roi);
+/** Inverse B in `width & ~3` columns, then inverse U. Planes are tested after the size. */
+TOLK_API TolkStatus tolkYCbCrToRGB_8u_P3R(const uint8_t* const src[3], int32_t srcStep, uint8_t* const dst[3],
+                                          int32_t dstStep, TolkSize roi);
+/** Inverse C in `width & ~7` columns, then inverse T; the fourth byte is alpha. Planes are tested after the size. */
+TOLK_API TolkStatus tolkYCbCrToRGB_8u_P3C4R(const uint8_t* const src[3], int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                            TolkSize roi, uint8_t alpha);
+/** Inverse C in every column; the fourth byte is alpha. */
+TOLK_API TolkStatus tolkYCbCrToBGR_8u_P3C4R(const uint8_t* const src[3], int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                            TolkSize roi, uint8_t alpha);
+/** Inverse 709 in every column. */
+TOLK_API TolkStatus tolkYCbCrToBGR_709CSC_8u_P3C3R(const uint8_t* const src[3], int32_t srcStep, uint8_t* dst,
+                                                   int32_t dstStep, TolkSize roi);
+/** Inverse 709 in every column; the fourth byte is alpha. */
+TOLK_API TolkStatus tolkYCbCrToBGR_709CSC_8u_P3C4R(const uint8_t* const src[3], int32_t srcStep, uint8_t* dst,
+                                                   int32_t dstStep, TolkSize roi, uint8_t alpha);
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif

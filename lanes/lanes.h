@@ -1,0 +1,308 @@
+// Registers of independent 16-byte lanes: element types, operations and memory primitives for every register width.
+//
+// Each lane holds its own run of consecutive pixels, so lane order is pixel order, unpacking and packing undo each other
+// inside a lane, and a shuffle written for one lane is right at any width.
+#pragma once
+
+#include <immintrin.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+
+#define LANE_OP [[gnu::always_inline]] inline
+
+namespace tolk {
+
+#if defined(TOLK_PLAIN)
+inline constexpr int kLanes = 0;  // no lanes: every form runs on plain integers
+#elif defined(__AVX2__)
+inline constexpr int kLanes = 2;
+#else
+inline constexpr int kLanes = 1;
+#endif
+
+template <int L>
+struct BitsOf;
+template <>
+struct BitsOf<1> {
+  using Type = __m128i;
+  using Float = __m128;
+};
+template <>
+struct BitsOf<2> {
+  using Type = __m256i;
+  using Float = __m256;
+};
+
+// A register of L lanes of samples T.
+template <class T, int L>
+struct Reg {
+  static constexpr int kCount = 16 * L / int{sizeof(T)};
+  typedef T Vec __attribute__((vector_size(16 * L)));
+  using Bits = typename BitsOf<L>::Type;
+
+  Reg() = default;
+  LANE_OP explicit Reg(Bits bits) : v(reinterpret_cast<Vec>(bits)) {}
+  LANE_OP static Reg of(Vec vec) { return Reg(reinterpret_cast<Bits>(vec)); }
+  LANE_OP static Reg splat(T value) { return of(value - Vec{}); }
+  LANE_OP Bits bits() const { return reinterpret_cast<Bits>(v); }
+
+  Vec v;
+};
+
+template <int L>
+using U8 = Reg<uint8_t, L>;
+template <int L>
+using I16 = Reg<int16_t, L>;
+template <int L>
+using U16 = Reg<uint16_t, L>;
+template <int L>
+using I32 = Reg<int32_t, L>;
+template <int L>
+using F32 = Reg<float, L>;
+
+template <class To, class T, int L>
+LANE_OP Reg<To, L> as(Reg<T, L> a) {
+  return Reg<To, L>(a.bits());
+}
+
+// ---- Arithmetic of the compiler's vectors. Signed sums wrap: they are made on the unsigned type. ----
+
+template <class T>
+struct WrapOf {
+  using Type = T;
+};
+template <>
+struct WrapOf<int16_t> {
+  using Type = uint16_t;
+};
+template <>
+struct WrapOf<int32_t> {
+  using Type = uint32_t;
+};
+
+template <class T, int L>
+LANE_OP Reg<T, L> operator+(Reg<T, L> a, Reg<T, L> b) {
+  using W = Reg<typename WrapOf<T>::Type, L>;
+  return as<T>(W::of(reinterpret_cast<typename W::Vec>(a.v) + reinterpret_cast<typename W::Vec>(b.v)));
+}
+template <class T, int L>
+LANE_OP Reg<T, L> operator-(Reg<T, L> a, Reg<T, L> b) {
+  using W = Reg<typename WrapOf<T>::Type, L>;
+  return as<T>(W::of(reinterpret_cast<typename W::Vec>(a.v) - reinterpret_cast<typename W::Vec>(b.v)));
+}
+template <int L>
+LANE_OP F32<L> operator*(F32<L> a, F32<L> b) {
+  return F32<L>::of(a.v * b.v);
+}
+template <class T, int L>
+LANE_OP Reg<T, L> operator|(Reg<T, L> a, Reg<T, L> b) {
+  return Reg<T, L>::of(a.v | b.v);
+}
+template <class T, int L>
+LANE_OP Reg<T, L> operator&(Reg<T, L> a, Reg<T, L> b) {
+  return Reg<T, L>::of(a.v & b.v);
+}
+template <class T, int L>
+LANE_OP Reg<T, L> shiftLeft(Reg<T, L> a, int n) {
+  using W = Reg<typename WrapOf<T>::Type, L>;
+  return as<T>(W::of(reinterpret_cast<typename W::Vec>(a.v) << n));
+}
+// Arithmetic for signed samples, logical for unsigned ones.
+template <class T, int L>
+LANE_OP Reg<T, L> shiftRight(Reg<T, L> a, int n) {
+  return Reg<T, L>::of(a.v >> n);
+}
+
+// ---- Operations of the processor. The intrinsics of the widths differ in their prefix alone. ----
+
+#define BY_WIDTH(result, operation, ...)                     \
+  if constexpr (L == 1) {                                    \
+    return Reg<result, L>(_mm_##operation(__VA_ARGS__));     \
+  } else {                                                   \
+    return Reg<result, L>(_mm256_##operation(__VA_ARGS__));  \
+  }
+
+// Upper half of the 32-bit product.
+template <int L>
+LANE_OP I16<L> mulHigh(I16<L> a, I16<L> b) {
+  BY_WIDTH(int16_t, mulhi_epi16, a.bits(), b.bits())
+}
+template <int L>
+LANE_OP U16<L> mulHigh(U16<L> a, U16<L> b) {
+  BY_WIDTH(uint16_t, mulhi_epu16, a.bits(), b.bits())
+}
+// (a * b + 2^14) >> 15.
+template <int L>
+LANE_OP I16<L> mulRound(I16<L> a, I16<L> b) {
+  BY_WIDTH(int16_t, mulhrs_epi16, a.bits(), b.bits())
+}
+// Sums of the products of neighbours.
+template <int L>
+LANE_OP I32<L> pairSum(I16<L> a, I16<L> b) {
+  BY_WIDTH(int32_t, madd_epi16, a.bits(), b.bits())
+}
+// The same of unsigned bytes with signed ones; saturates.
+template <int L>
+LANE_OP I16<L> pairSum(U8<L> a, Reg<int8_t, L> b) {
+  BY_WIDTH(int16_t, maddubs_epi16, a.bits(), b.bits())
+}
+// Saturating to the narrower sample.
+template <int L>
+LANE_OP U8<L> narrow(I16<L> low, I16<L> high) {
+  BY_WIDTH(uint8_t, packus_epi16, low.bits(), high.bits())
+}
+template <int L>
+LANE_OP I16<L> narrow(I32<L> low, I32<L> high) {
+  BY_WIDTH(int16_t, packs_epi32, low.bits(), high.bits())
+}
+// (a + b + 1) >> 1.
+template <int L>
+LANE_OP U8<L> average(U8<L> a, U8<L> b) {
+  BY_WIDTH(uint8_t, avg_epu8, a.bits(), b.bits())
+}
+// Byte i of the result is byte places[i] of a, within each lane; 0 where the place is negative.
+template <class T, int L>
+LANE_OP Reg<T, L> pick(Reg<T, L> a, Reg<int8_t, L> places) {
+  BY_WIDTH(T, shuffle_epi8, a.bits(), places.bits())
+}
+// Groups of `Size` bytes of the lower (upper) halves of a and b in turn.
+template <int Size, class T, int L>
+LANE_OP Reg<T, L> interleaveLow(Reg<T, L> a, Reg<T, L> b) {
+  if constexpr (Size == 1) {
+    BY_WIDTH(T, unpacklo_epi8, a.bits(), b.bits())
+  } else if constexpr (Size == 2) {
+    BY_WIDTH(T, unpacklo_epi16, a.bits(), b.bits())
+  } else if constexpr (Size == 4) {
+    BY_WIDTH(T, unpacklo_epi32, a.bits(), b.bits())
+  } else {
+    BY_WIDTH(T, unpacklo_epi64, a.bits(), b.bits())
+  }
+}
+template <int Size, class T, int L>
+LANE_OP Reg<T, L> interleaveHigh(Reg<T, L> a, Reg<T, L> b) {
+  if constexpr (Size == 1) {
+    BY_WIDTH(T, unpackhi_epi8, a.bits(), b.bits())
+  } else if constexpr (Size == 2) {
+    BY_WIDTH(T, unpackhi_epi16, a.bits(), b.bits())
+  } else if constexpr (Size == 4) {
+    BY_WIDTH(T, unpackhi_epi32, a.bits(), b.bits())
+  } else {
+    BY_WIDTH(T, unpackhi_epi64, a.bits(), b.bits())
+  }
+}
+template <int L>
+LANE_OP I16<L> widenLow(U8<L> a) {
+  return as<int16_t>(interleaveLow<1>(a, U8<L>::splat(0)));
+}
+template <int L>
+LANE_OP I16<L> widenHigh(U8<L> a) {
+  return as<int16_t>(interleaveHigh<1>(a, U8<L>::splat(0)));
+}
+
+// The same 16 byte places in every lane.
+struct Places {
+  alignas(16) int8_t at[16];
+};
+template <int L>
+LANE_OP Reg<int8_t, L> everyLane(const Places& places) {
+  const __m128i lane = _mm_load_si128(reinterpret_cast<const __m128i*>(places.at));
+  if constexpr (L == 1) {
+    return Reg<int8_t, 1>(lane);
+  } else {
+    return Reg<int8_t, 2>(_mm256_broadcastsi128_si256(lane));
+  }
+}
+
+// ---- Memory. Nothing needs alignment. ----
+
+// Lane j from p + j * Stride.
+template <int Stride, class T, int L>
+LANE_OP Reg<T, L> loadLanes(const void* p) {
+  if constexpr (L == 1) {
+    return Reg<T, 1>(_mm_loadu_si128(static_cast<const __m128i*>(p)));
+  } else if constexpr (Stride == 16) {
+    return Reg<T, 2>(_mm256_loadu_si256(static_cast<const __m256i*>(p)));
+  } else {
+    return Reg<T, 2>(_mm256_loadu2_m128i(reinterpret_cast<const __m128i*>(static_cast<const char*>(p) + Stride),
+                                         static_cast<const __m128i*>(p)));
+  }
+}
+template <int Stride, class T, int L>
+LANE_OP void storeLanes(void* p, Reg<T, L> a) {
+  if constexpr (L == 1) {
+    _mm_storeu_si128(static_cast<__m128i*>(p), a.bits());
+  } else if constexpr (Stride == 16) {
+    _mm256_storeu_si256(static_cast<__m256i*>(p), a.bits());
+  } else {
+    _mm256_storeu2_m128i(reinterpret_cast<__m128i*>(static_cast<char*>(p) + Stride), static_cast<__m128i*>(p),
+                         a.bits());
+  }
+}
+
+namespace detail {
+// Sixteen bytes from kSlide + 16 - n move a lane up by n bytes, those from kSlide + 16 + n move it down.
+alignas(16) inline constexpr int8_t kSlide[48] = {
+    -1, -1, -1, -1, -1, -1, -1, -1, -1, -1, -1, -1, -1, -1, -1, -1, 0,  1,  2,  3,  4,  5,  6,  7,
+    8,  9,  10, 11, 12, 13, 14, 15, -1, -1, -1, -1, -1, -1, -1, -1, -1, -1, -1, -1, -1, -1, -1, -1};
+
+template <class Word>
+LANE_OP uint64_t loadWord(const uint8_t* p) {
+  Word word;
+  std::memcpy(&word, p, sizeof word);
+  return word;
+}
+template <class Word>
+LANE_OP void storeWord(uint8_t* p, uint64_t value) {
+  const Word word = static_cast<Word>(value);
+  std::memcpy(p, &word, sizeof word);
+}
+}  // namespace detail
+
+// The first n bytes of a lane (all of it from 16 on, none below 1), by two overlapping accesses inside them.
+template <class T>
+LANE_OP Reg<T, 1> loadBytes(const uint8_t* p, ptrdiff_t n) {
+  using namespace detail;
+  if (n >= 16) return loadLanes<16, T, 1>(p);
+  if (n >= 8) {
+    const __m128i low = _mm_loadl_epi64(reinterpret_cast<const __m128i*>(p));
+    const __m128i high = _mm_loadl_epi64(reinterpret_cast<const __m128i*>(p + n - 8));
+    const __m128i up = _mm_loadu_si128(reinterpret_cast<const __m128i*>(kSlide + 16 - (n - 8)));
+    return Reg<T, 1>(_mm_or_si128(low, _mm_shuffle_epi8(high, up)));
+  }
+  uint64_t word = 0;
+  if (n >= 4) {
+    word = loadWord<uint32_t>(p) | loadWord<uint32_t>(p + n - 4) << 8 * (n - 4);
+  } else if (n >= 2) {
+    word = loadWord<uint16_t>(p) | loadWord<uint16_t>(p + n - 2) << 8 * (n - 2);
+  } else if (n == 1) {
+    word = *p;
+  }
+  return Reg<T, 1>(_mm_cvtsi64_si128(static_cast<long long>(word)));
+}
+template <class T>
+LANE_OP void storeBytes(uint8_t* p, Reg<T, 1> a, ptrdiff_t n) {
+  using namespace detail;
+  if (n >= 16) return storeLanes<16>(p, a);
+  if (n >= 8) {
+    const __m128i down = _mm_loadu_si128(reinterpret_cast<const __m128i*>(kSlide + 16 + (n - 8)));
+    _mm_storel_epi64(reinterpret_cast<__m128i*>(p), a.bits());
+    _mm_storel_epi64(reinterpret_cast<__m128i*>(p + n - 8), _mm_shuffle_epi8(a.bits(), down));
+    return;
+  }
+  const uint64_t word = static_cast<uint64_t>(_mm_cvtsi128_si64(a.bits()));
+  if (n >= 4) {
+    storeWord<uint32_t>(p, word);
+    storeWord<uint32_t>(p + n - 4, word >> 8 * (n - 4));
+  } else if (n >= 2) {
+    storeWord<uint16_t>(p, word);
+    storeWord<uint16_t>(p + n - 2, word >> 8 * (n - 2));
+  } else if (n == 1) {
+    *p = static_cast<uint8_t>(word);
+  }
+}
+
+#undef BY_WIDTH
+
+}  // namespace tolk

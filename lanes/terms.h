@@ -1,0 +1,232 @@
+// The arithmetic terms of the formulas, for lanes, plain integers and intervals. All divisions round downward.
+#pragma once
+
+#include <algorithm>
+#include <array>
+#include <bit>
+
+#include "lanes/lanes.h"
+#include "lanes/range.h"
+
+namespace tolk {
+
+// A call of one of these in a constant is the compile error.
+void theDivisorIsNoPowerOfTwo();
+void theFactorExceedsTheMultiplier();
+
+struct Pow2 {
+  consteval Pow2(int64_t n) : log(std::countr_zero(static_cast<uint64_t>(n))) {
+    if (!std::has_single_bit(static_cast<uint64_t>(n))) theDivisorIsNoPowerOfTwo();
+  }
+  int log;
+};
+struct Factor {  // of the signed 16-bit multiplier
+  consteval Factor(int n) : value(n) {
+    if (n < -32768 || n > 32767) theFactorExceedsTheMultiplier();
+  }
+  int value;
+};
+struct UnsignedFactor {
+  consteval UnsignedFactor(int n) : value(n) {
+    if (n < 0 || n > 65535) theFactorExceedsTheMultiplier();
+  }
+  int value;
+};
+struct Weight {  // of a 32-bit sum: wide ones are split in two factors, eights and the rest
+  consteval Weight(int n) : value(n) {
+    if (n < -262144 || n > 262143) theFactorExceedsTheMultiplier();
+  }
+  int value;
+};
+
+// ---- Sums, differences and multiples by powers of two in 16 bits ----
+
+template <class T, int L>
+  requires(sizeof(T) == 2)
+LANE_OP Reg<T, L> operator+(Reg<T, L> a, int b) {
+  return a + Reg<T, L>::splat(static_cast<T>(b));
+}
+template <class T, int L>
+  requires(sizeof(T) == 2)
+LANE_OP Reg<T, L> operator-(Reg<T, L> a, int b) {
+  return a - Reg<T, L>::splat(static_cast<T>(b));
+}
+template <class T, int L>
+  requires(sizeof(T) == 2)
+LANE_OP Reg<T, L> operator*(Reg<T, L> a, Pow2 n) {
+  return shiftLeft(a, n.log);
+}
+
+constexpr Range operator+(Range a, Range b) {
+  return {a.low + b.low, a.high + b.high, a.least, a.most, a.fits && b.fits && a.most == b.most};
+}
+constexpr Range operator-(Range a, Range b) {
+  return {a.low - b.high, a.high - b.low, a.least, a.most, a.fits && b.fits && a.most == b.most};
+}
+constexpr Range operator+(Range a, int b) { return {a.low + b, a.high + b, a.least, a.most, a.fits}; }
+constexpr Range operator-(Range a, int b) { return a + -b; }
+constexpr Range operator*(Range a, Pow2 n) { return {a.low << n.log, a.high << n.log, a.least, a.most, a.fits}; }
+
+// ---- Floor division by a power of two ----
+
+template <class T, int L>
+LANE_OP Reg<T, L> fl(Reg<T, L> a, Pow2 n) {
+  return shiftRight(a, n.log);
+}
+constexpr int fl(int a, Pow2 n) { return a >> n.log; }
+constexpr Range fl(Range a, Pow2 n) {
+  const Range result = a.through([&](int64_t v) { return v >> n.log; });
+  return a.most == INT32_MAX ? result.signed16() : result;
+}
+
+// ---- Products cut or rounded to fewer bits ----
+
+// x * c / 256, rounded.
+template <int L>
+LANE_OP I16<L> rnd8(I16<L> x, Factor c) {
+  return mulRound(shiftLeft(x, 7), I16<L>::splat(static_cast<int16_t>(c.value)));
+}
+constexpr int rnd8(int x, Factor c) { return (x * c.value + 128) >> 8; }
+constexpr Range rnd8(Range x, Factor c) {
+  return x.require(x.within(-256, 255)).through([&](int64_t v) { return rnd8(static_cast<int>(v), c); });
+}
+
+// x * c / 256 of unsigned numbers; the result is unsigned too.
+template <int L>
+LANE_OP U16<L> mu8(I16<L> x, UnsignedFactor c) {
+  return mulHigh(as<uint16_t>(shiftLeft(x, 8)), U16<L>::splat(static_cast<uint16_t>(c.value)));
+}
+constexpr int mu8(int x, UnsignedFactor c) { return (x * c.value) >> 8; }
+constexpr Range mu8(Range x, UnsignedFactor c) {
+  return x.require(x.within(0, 255)).unsigned16().through([&](int64_t v) { return mu8(static_cast<int>(v), c); });
+}
+
+// a * c / 65536.
+template <int L>
+LANE_OP I16<L> h(I16<L> a, Factor c) {
+  return mulHigh(a, I16<L>::splat(static_cast<int16_t>(c.value)));
+}
+constexpr int h(int a, Factor c) { return (a * c.value) >> 16; }
+constexpr Range h(Range a, Factor c) {
+  return a.through([&](int64_t v) { return h(static_cast<int>(v), c); });
+}
+
+// x * c / 512.
+template <int L>
+LANE_OP I16<L> m9(I16<L> x, Factor c) {
+  return mulHigh(shiftLeft(x, 7), I16<L>::splat(static_cast<int16_t>(c.value)));
+}
+constexpr int m9(int x, Factor c) { return (x * c.value) >> 9; }
+constexpr Range m9(Range x, Factor c) {
+  return x.require(x.within(-256, 255)).through([&](int64_t v) { return m9(static_cast<int>(v), c); });
+}
+
+// ---- Exact sums of weighted samples in 32 bits: `weight * sample`, added up, then divided by fl ----
+
+template <int L, int N>
+struct WeightedSum {
+  I16<L> sample[N];
+  int weight[N];
+  int bias = 0;
+};
+template <int L>
+LANE_OP WeightedSum<L, 1> operator*(Weight w, I16<L> x) {
+  return {{x}, {w.value}};
+}
+template <int L, int N>
+LANE_OP WeightedSum<L, N> operator+(WeightedSum<L, N> sum, int b) {
+  sum.bias += b;
+  return sum;
+}
+template <int L, int N>
+LANE_OP WeightedSum<L, N> operator-(WeightedSum<L, N> sum, int b) {
+  sum.bias -= b;
+  return sum;
+}
+template <int L, int N>
+LANE_OP WeightedSum<L, N + 1> operator+(WeightedSum<L, N> sum, WeightedSum<L, 1> term) {
+  WeightedSum<L, N + 1> result;
+  for (int i = 0; i < N; ++i) {
+    result.sample[i] = sum.sample[i];
+    result.weight[i] = sum.weight[i];
+  }
+  result.sample[N] = term.sample[0];
+  result.weight[N] = term.weight[0];
+  result.bias = sum.bias + term.bias;
+  return result;
+}
+template <int L, int N>
+LANE_OP WeightedSum<L, N + 1> operator-(WeightedSum<L, N> sum, WeightedSum<L, 1> term) {
+  term.weight[0] = -term.weight[0];
+  term.bias = -term.bias;
+  return sum + term;
+}
+
+// Pixels of a 16-bit register as two of 32 bits.
+template <int L>
+struct Wide {
+  I32<L> low, high;
+};
+template <int L>
+LANE_OP Wide<L> addProducts(Wide<L> sum, I16<L> x, int wx, I16<L> y, int wy) {
+  const auto weights = as<int16_t>(I32<L>::splat((wy << 16) | (wx & 0xFFFF)));
+  return {sum.low + pairSum(interleaveLow<2>(x, y), weights), sum.high + pairSum(interleaveHigh<2>(x, y), weights)};
+}
+// Terms from I on, two narrow ones to a multiplication; `waiting` is a narrow term without its partner.
+template <int I, int L, int N>
+LANE_OP Wide<L> addTerms(Wide<L> sum, const WeightedSum<L, N>& terms, int waiting) {
+  if constexpr (I == N) {
+    if (waiting < 0) return sum;
+    return addProducts(sum, terms.sample[waiting], terms.weight[waiting], I16<L>::splat(0), 0);
+  } else {
+    const I16<L> x = terms.sample[I];
+    const int w = terms.weight[I];
+    if (w < -32768 || w > 32767) {
+      return addTerms<I + 1>(addProducts(sum, shiftLeft(x, 3), w >> 3, x, w & 7), terms, waiting);
+    }
+    if (waiting < 0) return addTerms<I + 1>(sum, terms, I);
+    return addTerms<I + 1>(addProducts(sum, terms.sample[waiting], terms.weight[waiting], x, w), terms, -1);
+  }
+}
+template <int L, int N>
+LANE_OP I16<L> fl(const WeightedSum<L, N>& terms, Pow2 n) {
+  const I32<L> bias = I32<L>::splat(terms.bias);
+  const Wide<L> sum = addTerms<0>(Wide<L>{bias, bias}, terms, -1);
+  return narrow(shiftRight(sum.low, n.log), shiftRight(sum.high, n.log));
+}
+
+constexpr Range operator*(Weight w, Range x) {
+  const bool wide = w.value < -32768 || w.value > 32767;
+  return x.require(!wide || x.within(-4096, 4095)).signed32().through([&](int64_t v) { return v * w.value; });
+}
+
+// ---- Results: bytes that narrowing will saturate, or that need none ----
+
+template <int L>
+struct ByteResult {
+  I16<L> value;
+};
+template <int L>
+LANE_OP U8<L> narrow(ByteResult<L> low, ByteResult<L> high) {
+  return narrow(low.value, high.value);
+}
+
+// Limits to 0..255. Free on lanes: the narrowing pack saturates a signed 16-bit number.
+template <class T, int L>
+LANE_OP ByteResult<L> clamp8(Reg<T, L> a) {
+  return {as<int16_t>(a)};
+}
+constexpr int clamp8(int a) { return std::clamp(a, 0, 255); }
+constexpr Range clamp8(Range a) {
+  return a.require(a.within(-32768, 32767)).through([](int64_t v) { return std::clamp<int64_t>(v, 0, 255); });
+}
+
+// A value that lies in 0..255 for all samples, which its interval proves.
+template <class T, int L>
+LANE_OP ByteResult<L> asByte(Reg<T, L> a) {
+  return {as<int16_t>(a)};
+}
+constexpr int asByte(int a) { return a; }
+constexpr Range asByte(Range a) { return a.require(a.within(0, 255)); }
+
+}  // namespace tolk

@@ -1,0 +1,127 @@
+// Formulas between full-range RGB and studio-range YCbCr, 8 bits.
+#pragma once
+
+#include "lanes/terms.h"
+
+namespace tolk {
+
+// Units of 1/64: each product is rounded on its own, then the sum is cut. The chroma bias is 128 and 2/64.
+struct ForwardA {
+  LANE_OP constexpr auto operator()(auto R, auto G, auto B) const {
+    auto Y = clamp8(fl(rnd8(R, 4211) + rnd8(G, 8258) + rnd8(B, 1606) + 1056, 64));
+    auto Cb = clamp8(fl(rnd8(B, 7193) - (rnd8(R, 2425) + rnd8(G, 4768)) + 8194, 64));
+    auto Cr = clamp8(fl(rnd8(R, 7193) - (rnd8(B, 1163) + rnd8(G, 6029)) + 8194, 64));
+    return std::array{Y, Cb, Cr};
+  }
+};
+static_assert(fitsLanes<ForwardA>(kByte, kByte, kByte));
+
+// The luma sum passes 32767: unsigned 16 bits.
+struct ForwardB {
+  LANE_OP constexpr auto operator()(auto R, auto G, auto B) const {
+    auto Y = clamp8(fl(mu8(R, 16843) + mu8(G, 33030) + mu8(B, 6423) + 128, 256) + 16);
+    auto Cb = clamp8(fl(m9(R, -9699) + m9(G, -19071) + m9(B, 28770) + 64, 128) + 128);
+    auto Cr = clamp8(fl(m9(R, 28770) + m9(G, -24117) + m9(B, -4653) + 64, 128) + 128);
+    return std::array{Y, Cb, Cr};
+  }
+};
+static_assert(fitsLanes<ForwardB>(kByte, kByte, kByte));
+
+// Exact in units of 1/65536; the biases are 16.5 and 128.5.
+struct ForwardT {
+  LANE_OP constexpr auto operator()(auto R, auto G, auto B) const {
+    auto Y = asByte(fl(16843 * R + 33030 * G + 6423 * B + 1081344, 65536));
+    auto Cb = asByte(fl(-9699 * R - 19071 * G + 28770 * B + 8421376, 65536));
+    auto Cr = asByte(fl(28770 * R - 24117 * G - 4653 * B + 8421376, 65536));
+    return std::array{Y, Cb, Cr};
+  }
+};
+static_assert(fitsLanes<ForwardT>(kByte, kByte, kByte));
+
+// Units of 1/8, rounded.
+struct InverseA {
+  LANE_OP constexpr auto operator()(auto Y, auto Cb, auto Cr) const {
+    auto y = h((Y - 16) * 128, 4769), Cbb = (Cb - 128) * 128, Crb = (Cr - 128) * 128;
+    auto R = clamp8(fl(y + h(Crb, 6537) + 4, 8));
+    auto G = clamp8(fl(y - (h(Cbb, 1605) + h(Crb, 3330)) + 4, 8));
+    auto B = clamp8(fl(y + h(Cbb, 8263) + 4, 8));
+    return std::array{R, G, B};
+  }
+};
+static_assert(fitsLanes<InverseA>(kByte, kByte, kByte));
+
+// Units of 1/16, cut.
+struct InverseB {
+  LANE_OP constexpr auto operator()(auto Y, auto Cb, auto Cr) const {
+    auto y = h((Y - 16) * 128, 9536), Cbb = (Cb - 128) * 128, Crb = (Cr - 128) * 128;
+    auto R = clamp8(fl(y + h(Crb, 13074), 16));
+    auto G = clamp8(fl(y + h(Cbb, -3203) + h(Crb, -6660), 16));
+    auto B = clamp8(fl(y + h(Cbb, 16523), 16));
+    return std::array{R, G, B};
+  }
+};
+static_assert(fitsLanes<InverseB>(kByte, kByte, kByte));
+
+// Units of 1/16, rounded; the coefficient of Cb in G is 3211, not inverse B's 3203.
+struct InverseC {
+  LANE_OP constexpr auto operator()(auto Y, auto Cb, auto Cr) const {
+    auto y = h((Y - 16) * 128, 9535), Cbb = (Cb - 128) * 128, Crb = (Cr - 128) * 128;
+    auto R = clamp8(fl(y + h(Crb, 13074) + 8, 16));
+    auto G = clamp8(fl(y - h(Cbb, 3211) - h(Crb, 6660) + 8, 16));
+    auto B = clamp8(fl(y + h(Cbb, 16523) + 8, 16));
+    return std::array{R, G, B};
+  }
+};
+static_assert(fitsLanes<InverseC>(kByte, kByte, kByte));
+
+// BT.709, units of 1/16. The two forms differ in G alone: h rounds down, so the sign stands inside or outside of it.
+struct Inverse709 {
+  LANE_OP constexpr auto operator()(auto Y, auto Cb, auto Cr) const {
+    auto y = h((Y - 16) * 128, 9535), Cbb = (Cb - 128) * 128, Crb = (Cr - 128) * 128;
+    auto R = clamp8(fl(y + h(Crb, 14688) + 8, 16));
+    auto G = clamp8(fl(y + h(Cbb, -1745) + h(Crb, -4375) + 8, 16));
+    auto B = clamp8(fl(y + h(Cbb, 17326) + 8, 16));
+    return std::array{R, G, B};
+  }
+};
+static_assert(fitsLanes<Inverse709>(kByte, kByte, kByte));
+
+struct Inverse709Minus {
+  LANE_OP constexpr auto operator()(auto Y, auto Cb, auto Cr) const {
+    auto y = h((Y - 16) * 128, 9535), Cbb = (Cb - 128) * 128, Crb = (Cr - 128) * 128;
+    auto R = clamp8(fl(y + h(Crb, 14688) + 8, 16));
+    auto G = clamp8(fl(y - h(Cbb, 1745) - h(Crb, 4375) + 8, 16));
+    auto B = clamp8(fl(y + h(Cbb, 17326) + 8, 16));
+    return std::array{R, G, B};
+  }
+};
+static_assert(fitsLanes<Inverse709Minus>(kByte, kByte, kByte));
+
+// Exact in units of 1/65536, rounded: the bias is 76282 * 16 less one half.
+struct InverseT {
+  LANE_OP constexpr auto operator()(auto Y, auto Cb, auto Cr) const {
+    auto Cbc = Cb - 128, Crc = Cr - 128;
+    auto R = clamp8(fl(76282 * Y + 104593 * Crc - 1187744, 65536));
+    auto G = clamp8(fl(76282 * Y - 25689 * Cbc - 53279 * Crc - 1187744, 65536));
+    auto B = clamp8(fl(76282 * Y + 132184 * Cbc - 1187744, 65536));
+    return std::array{R, G, B};
+  }
+};
+static_assert(fitsLanes<InverseT>(kByte, kByte, kByte));
+
+// The coefficients are those of inverse T plus 2 (in G, plus 1 and 2); rounded or cut by the bias.
+template <int kBias>
+struct InverseWithBias {
+  LANE_OP constexpr auto operator()(auto Y, auto Cb, auto Cr) const {
+    auto Cbc = Cb - 128, Crc = Cr - 128;
+    auto R = clamp8(fl(76284 * Y + 104595 * Crc - kBias, 65536));
+    auto G = clamp8(fl(76284 * Y - 25690 * Cbc - 53281 * Crc - kBias, 65536));
+    auto B = clamp8(fl(76284 * Y + 132186 * Cbc - kBias, 65536));
+    return std::array{R, G, B};
+  }
+};
+using InverseU = InverseWithBias<76284 * 16 - 32768>;
+using InverseN = InverseWithBias<76284 * 16>;
+static_assert(fitsLanes<InverseU>(kByte, kByte, kByte) && fitsLanes<InverseN>(kByte, kByte, kByte));
+
+}  // namespace tolk

@@ -1,0 +1,122 @@
+// Runs cases, names differences and faults.
+#include "harness/compare.h"
+
+#include <signal.h>
+#include <unistd.h>
+
+#include <cstring>
+
+namespace harness {
+
+static char runningCase[512] = "no case running";
+
+static void onFault(int) {
+  constexpr char kMessage[] = "\nfault in ";
+  (void)!write(STDERR_FILENO, kMessage, sizeof kMessage - 1);
+  (void)!write(STDERR_FILENO, runningCase, strlen(runningCase));
+  (void)!write(STDERR_FILENO, "\n", 1);
+}
+
+void reportFaults() {
+  struct sigaction action {};
+  action.sa_handler = onFault;
+  action.sa_flags = static_cast<int>(SA_RESETHAND);  // the faulting instruction then ends the program
+  for (const int signal : {SIGSEGV, SIGBUS, SIGILL, SIGFPE}) sigaction(signal, &action, nullptr);
+}
+
+void announce(const std::string& text) { snprintf(runningCase, sizeof runningCase, "%s", text.c_str()); }
+
+std::string describe(const Case& c) {
+  constexpr const char* kContents[] = {"", ", zeros", ", ones", ", alternating"};
+  return std::string(c.subject->function->name) + " " + std::to_string(c.roi.width) + "x" +
+         std::to_string(c.roi.height) + ", src " + describe(c.src) + ", dst " + describe(c.dst) +
+         kContents[static_cast<int>(c.contents)];
+}
+
+// Where a byte lies: a sample inside the rows, or its distance from the nearest row's start.
+static std::string place(const Plane& plane, const uint8_t* byte, int64_t sampleBytes) {
+  const int64_t distance = byte - plane.first;
+  int64_t nearest = 0, best = INT64_MAX;
+  for (int64_t y = 0; y < plane.shape.rows; ++y) {
+    const int64_t offset = distance - y * plane.step;
+    if (offset >= 0 && offset < plane.shape.rowBytes) {
+      const int64_t sample = offset / sampleBytes;
+      return " x " + std::to_string(sample / plane.shape.channels) + " y " + std::to_string(y) + " channel " +
+             std::to_string(sample % plane.shape.channels);
+    }
+    const int64_t away = offset < 0 ? -offset : offset - plane.shape.rowBytes + 1;
+    if (away < best) best = away, nearest = y;
+  }
+  return " outside the image, at byte " + std::to_string(distance - nearest * plane.step) + " of row " +
+         std::to_string(nearest) + " (" + std::to_string(plane.shape.rowBytes) + " long)";
+}
+
+static void listDifferences(const Image& got, const Image& want, std::string_view sample, const std::string& side,
+                            std::vector<std::string>& list) {
+  constexpr size_t kMost = 4;
+  const int64_t sampleBytes = std::max(1, tolk::sampleBits(sample) / 8);
+  for (size_t p = 0; p < got.planes().size(); ++p) {
+    const Plane &g = got.planes()[p], &w = want.planes()[p];
+    for (size_t i = 0; i < g.windows.size(); ++i) {
+      const std::span<uint8_t> a = g.windows[i], b = w.windows[i];
+      if (std::memcmp(a.data(), b.data(), a.size()) == 0) continue;
+      for (size_t at = 0; at < a.size() && list.size() < kMost; ++at)
+        if (a[at] != b[at])
+          list.push_back(side + " plane " + std::to_string(p) + place(g, &a[at], sampleBytes) + ": got " +
+                         std::to_string(a[at]) + ", want " + std::to_string(b[at]));
+    }
+  }
+}
+
+tolk::Call Images::call(const Case& c) const {
+  const auto alpha = static_cast<uint8_t>(c.roi.width * 29 + c.roi.height * 113 + 77);
+  return {c.subject->function->inPlace ? dst.side() : src.side(), dst.side(), c.roi, alpha};
+}
+
+void Rig::prepare(const Case& c) {
+  case_ = c;
+  ++seed_;
+  announce(describe(c));
+  const tolk::Function& f = *c.subject->function;
+  for (Images* images : {&tested, &expected}) {
+    const bool inPlace = f.inPlace;
+    images->src.layOut(inPlace ? std::vector<tolk::PlaneShape>{} : planeShapes(f.src, c.roi),
+                       sideArguments(f, "src").steps, c.src);
+    images->dst.layOut(planeShapes(f.dst, c.roi), sideArguments(f, inPlace ? "srcDst" : "dst").steps, c.dst);
+    fill(*images);
+  }
+}
+
+void Rig::fill(Images& images) const {
+  images.src.fill(case_.contents, seed_);
+  images.dst.fill(function().inPlace ? case_.contents : Contents::Random, ~seed_);
+}
+
+testing::AssertionResult Rig::run() const {
+  const TolkStatus got = callTested(tested.call(case_)), want = callExpected(expected.call(case_));
+  if (got != want) return testing::AssertionFailure() << describe(case_) << ": status " << got << ", want " << want;
+  return compare();
+}
+
+testing::AssertionResult Rig::compare() const {
+  const tolk::Function& f = function();
+  std::vector<std::string> list;
+  listDifferences(tested.dst, expected.dst, f.dst.sample, "dst", list);
+  listDifferences(tested.src, expected.src, f.src.sample, "src", list);
+  if (list.empty()) return testing::AssertionSuccess();
+  auto result = testing::AssertionFailure() << describe(case_);
+  for (const std::string& difference : list) result << "\n  " << difference;
+  return result;
+}
+
+Rig& sharedRig() {
+  static Rig rig;
+  return rig;
+}
+
+testing::AssertionResult runCase(const Case& c) {
+  sharedRig().prepare(c);
+  return sharedRig().run();
+}
+
+}  // namespace harness

@@ -1,0 +1,54 @@
+// One call on the library under test and on the reference, over equally filled memory, compared byte by byte.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include "harness/guarded_image.h"
+
+namespace harness {
+
+struct Case {
+  const Subject* subject;
+  TolkSize roi;
+  Layout src, dst;
+  Contents contents = Contents::Random;
+};
+std::string describe(const Case& c);
+
+// Source and destination of one implementation; in place, the destination alone.
+struct Images {
+  Image src, dst;
+  tolk::Call call(const Case& c) const;
+};
+
+class Rig {
+ public:
+  explicit Rig(const Case& c) { prepare(c); }
+  Rig() = default;
+  void prepare(const Case& c);  // lays out and fills both implementations' images
+  void fillExpected() { fill(expected); }
+  TolkStatus callTested(const tolk::Call& call) const { return function().invoke(case_.subject->tested, call); }
+  TolkStatus callExpected(const tolk::Call& call) const { return function().invoke(case_.subject->expected, call); }
+  testing::AssertionResult run() const;      // both calls, then the statuses and every byte
+  testing::AssertionResult compare() const;  // every byte: rows, slack and sources
+
+  Images tested, expected;
+  Image& input(Images& images) const { return function().inPlace ? images.dst : images.src; }
+
+ private:
+  const tolk::Function& function() const { return *case_.subject->function; }
+  void fill(Images& images) const;
+
+  Case case_{};
+  uint32_t seed_ = 0;
+};
+
+// One rig for all cases of the program: its memory is mapped once.
+Rig& sharedRig();
+testing::AssertionResult runCase(const Case& c);
+
+// A fault signal prints the text last announced before the program dies; preparing a case announces it.
+void reportFaults();
+void announce(const std::string& text);
+
+}  // namespace harness

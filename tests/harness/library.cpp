@@ -1,0 +1,87 @@
+// Opens the library under test and pairs its functions with the reference.
+#include "harness/library.h"
+
+#include <dlfcn.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <string>
+
+#include "reference_declarations.h"
+#include "table_binding.h"
+
+namespace tolk {
+
+#define FUNCTION_SCOPE reference::
+static const std::vector<Function>& referenceTable() {
+  static const std::vector<Function> kTable = {
+#include "function_table.inc"
+  };
+  return kTable;
+}
+
+}  // namespace tolk
+
+namespace harness {
+
+static void* handle = nullptr;
+
+void openLibrary() {
+  const char* path = std::getenv("TOLK_LIBRARY");
+  if (!path || !*path) {
+    std::fprintf(stderr, "TOLK_LIBRARY must name the library file to test\n");
+    std::exit(2);
+  }
+  // The table links this program with a library too: deep binding keeps the two apart.
+  handle = dlopen(path, RTLD_NOW | RTLD_LOCAL | RTLD_DEEPBIND);
+  if (!handle) {
+    std::fprintf(stderr, "cannot load TOLK_LIBRARY: %s\n", dlerror());
+    std::exit(2);
+  }
+  Dl_info found{};
+  void* version = librarySymbol("tolkGetLibVersion");
+  if (!version || !dladdr(version, &found) || !std::filesystem::equivalent(found.dli_fname, path)) {
+    std::fprintf(stderr, "%s does not define tolkGetLibVersion itself\n", path);
+    std::exit(2);
+  }
+}
+
+void* librarySymbol(const char* name) { return dlsym(handle, name); }
+
+const std::vector<Subject>& subjects() {
+  static const std::vector<Subject> kSubjects = [] {
+    std::vector<Subject> list;
+    for (const tolk::Function& function : tolk::referenceTable())
+      list.push_back({&function, librarySymbol(std::string(function.name).c_str()), function.linked});
+    return list;
+  }();
+  return kSubjects;
+}
+
+const Subject& subject(std::string_view name) {
+  const auto found =
+      std::find_if(subjects().begin(), subjects().end(), [&](const Subject& s) { return s.function->name == name; });
+  if (found == subjects().end()) {
+    std::fprintf(stderr, "%.*s is not in the table\n", static_cast<int>(name.size()), name.data());
+    std::exit(2);
+  }
+  return *found;
+}
+
+SideArguments sideArguments(const tolk::Function& function, std::string_view name) {
+  SideArguments result;
+  for (const tolk::Parameter& parameter : function.parameters) {
+    const std::string_view rest = parameter.name.substr(std::min(name.size(), parameter.name.size()));
+    if (!parameter.name.starts_with(name) || rest.starts_with("Dst")) continue;
+    if (rest.find("Step") == std::string_view::npos) {
+      result.array = result.array || rest.starts_with("[");
+    } else {
+      result.steps = rest == "Step" ? StepKind::Shared : StepKind::Each;
+    }
+  }
+  return result;
+}
+
+}  // namespace harness

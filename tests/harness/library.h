@@ -1,0 +1,36 @@
+// The functions of the table, each with its address in the library under test and in the reference.
+#pragma once
+
+#include <ostream>
+#include <span>
+#include <string_view>
+#include <vector>
+
+#include "catalogue.h"
+
+namespace harness {
+
+struct Subject {
+  const tolk::Function* function;
+  void* tested;  // null where the library does not export it
+  void* expected;
+};
+
+enum class StepKind { None, Shared, Each };  // no step argument; one for all planes; one a plane
+
+// What the signature says of one side; `name` is "src", "dst" or, in place, "srcDst".
+struct SideArguments {
+  bool array = false;  // planes behind an array of pointers
+  StepKind steps = StepKind::None;
+};
+SideArguments sideArguments(const tolk::Function& function, std::string_view name);
+
+// Loads the file that TOLK_LIBRARY names; ends the program with a message where that fails.
+void openLibrary();
+void* librarySymbol(const char* name);
+const std::vector<Subject>& subjects();
+const Subject& subject(std::string_view name);
+
+inline void PrintTo(const Subject& subject, std::ostream* out) { *out << subject.function->name; }
+
+}  // namespace harness

@@ -1,0 +1,74 @@
+// The order of checks: each fault of the arguments alone and each pair of faults, against the reference's status.
+#include <functional>
+
+#include "sweeps/all_functions.h"
+
+namespace {
+
+struct Fault {
+  std::string name;
+  std::function<void(tolk::Call&)> apply;
+  bool step = false;  // a fault in some functions only
+};
+
+void addSideFaults(const tolk::Function& f, const std::string& name, tolk::Side tolk::Call::*side,
+                   std::vector<Fault>& faults) {
+  const harness::SideArguments arguments = harness::sideArguments(f, name);
+  if (arguments.array) faults.push_back({name + " null", [=](tolk::Call& c) { (c.*side).nullArray = true; }});
+  const size_t planes = planeShapes(name == "src" ? f.src : f.dst, {8, 8}).size();
+  for (size_t i = 0; i < planes; ++i) {
+    faults.push_back(
+        {name + " plane " + std::to_string(i) + " null", [=](tolk::Call& c) { (c.*side).plane[i] = nullptr; }});
+    if (arguments.steps == harness::StepKind::None || (arguments.steps == harness::StepKind::Shared && i > 0)) continue;
+    for (const int64_t value : {0, -1, INT32_MIN, INT32_MAX})
+      faults.push_back({name + " step " + std::to_string(i) + " " + std::to_string(value),
+                        [=](tolk::Call& c) { (c.*side).step[i] = value; }, true});
+  }
+}
+
+std::vector<Fault> argumentFaults(const tolk::Function& f) {
+  std::vector<Fault> faults;
+  if (!f.inPlace) addSideFaults(f, "src", &tolk::Call::src, faults);
+  addSideFaults(f, f.inPlace ? "srcDst" : "dst", &tolk::Call::dst, faults);
+  for (const int32_t value : {0, -1, INT32_MIN}) {
+    faults.push_back({"width " + std::to_string(value), [=](tolk::Call& c) { c.roi.width = value; }});
+    faults.push_back({"height " + std::to_string(value), [=](tolk::Call& c) { c.roi.height = value; }});
+  }
+  return faults;
+}
+
+// Its reference reads the planes behind a null array; the library reports the array instead.
+bool undefinedInReference(const tolk::Function& f, const tolk::Call& call) {
+  return f.name == "tolkRGBToYCbCr_8u_AC4P3R" && call.dst.nullArray;
+}
+
+class Checks : public AllFunctions {
+ protected:
+  void check(const Fault& first, const Fault& second) {
+    const harness::Subject& subject = GetParam();
+    const harness::Case valid{&subject, {37, 4}, {}, {}};
+    harness::Rig& rig = harness::sharedRig();
+    rig.prepare(valid);
+    tolk::Call tested = rig.tested.call(valid), expected = rig.expected.call(valid);
+    for (const Fault& fault : {first, second}) fault.apply(tested), fault.apply(expected);
+    const std::string faults = std::string(subject.function->name) + ": " + first.name + ", " + second.name;
+    harness::announce(faults);
+    const TolkStatus want =
+        undefinedInReference(*subject.function, tested) ? tolkStatusNullPointer : rig.callExpected(expected);
+    ASSERT_EQ(rig.callTested(tested), want) << faults;
+    if (want < 0) rig.fillExpected();  // an error has written nothing
+    ASSERT_TRUE(rig.compare()) << faults;
+  }
+};
+INSTANTIATE_TEST_SUITE_P(All, Checks, testing::ValuesIn(harness::subjects()), functionName);
+
+TEST_P(Checks, FaultsAloneAndInPairs) {
+  const std::vector<Fault> faults = argumentFaults(*GetParam().function);
+  for (size_t i = 0; i < faults.size(); ++i)
+    for (size_t j = i; j < faults.size(); ++j) {
+      if (faults[i].step && faults[j].step) continue;
+      ASSERT_NO_FATAL_FAILURE(check(faults[i], faults[j]));
+    }
+}
+
+}  // namespace

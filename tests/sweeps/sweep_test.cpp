@@ -1,0 +1,72 @@
+// Every function against the reference over widths, heights, steps, alignments and contents.
+#include <tuple>
+
+#include "sweeps/all_functions.h"
+
+using harness::Contents;
+using harness::Layout;
+using harness::runCase;
+
+class Sweep : public AllFunctions {};
+INSTANTIATE_TEST_SUITE_P(All, Sweep, testing::ValuesIn(harness::subjects()), functionName);
+
+static constexpr Layout kRight{.flush = Layout::Right}, kLeft{.flush = Layout::Left};
+static constexpr Layout kUpward{.flush = Layout::Right, .direction = -1};
+static constexpr Layout kTight{.rows = Layout::Block, .flush = Layout::Right};
+static constexpr Layout kTightLeft{.rows = Layout::Block, .flush = Layout::Left};
+static constexpr Layout kTightUpward{.rows = Layout::Block, .flush = Layout::Left, .direction = -1};
+static constexpr Layout kPadded{.rows = Layout::Block, .padding = 64, .alignment = 0};
+static constexpr Layout kOdd{.rows = Layout::Block, .padding = 7, .alignment = 5};
+static constexpr Layout kOddUpward{.rows = Layout::Block, .direction = -1, .padding = 13, .alignment = 16};
+static constexpr Layout kZero{.rows = Layout::Block, .flush = Layout::Right, .direction = 0};
+
+static std::vector<int32_t> widths() {
+  std::vector<int32_t> list;
+  for (int32_t width = 1; width <= 3 * 32 + 1; ++width) list.push_back(width);
+  for (const int32_t step : {128, 160, 256})
+    for (const int32_t width : {step - 1, step, step + 1}) list.push_back(width);
+  return list;
+}
+
+TEST_P(Sweep, EveryRowBetweenGuardPages) {
+  constexpr std::pair<Layout, Layout> kLayouts[] = {
+      {kRight, kRight}, {kLeft, kLeft}, {kUpward, kRight}, {kRight, kUpward}};
+  for (const int32_t width : widths())
+    for (int32_t height = 1; height <= 5; ++height)
+      for (const auto& [src, dst] : kLayouts) ASSERT_TRUE(runCase({&GetParam(), {width, height}, src, dst}));
+}
+
+TEST_P(Sweep, Steps) {
+  constexpr std::pair<Layout, Layout> kLayouts[] = {
+      {kTight, kTight},         {kTightLeft, kTightLeft}, {kPadded, kPadded}, {kOdd, kTight}, {kTightUpward, kOdd},
+      {kOddUpward, kOddUpward}, {kPadded, kTightUpward},  {kZero, kOdd},      {kOdd, kZero},  {kZero, kZero}};
+  int32_t rotation = 0;
+  for (const int32_t width : widths())
+    for (const auto& [src, dst] : kLayouts) ASSERT_TRUE(runCase({&GetParam(), {width, 1 + ++rotation % 5}, src, dst}));
+}
+
+TEST_P(Sweep, Alignments) {
+  Layout src{.rows = Layout::Block, .padding = 32}, dst = src;
+  for (const int32_t width : {15, 64, 77})
+    for (src.alignment = 0; src.alignment < 32; ++src.alignment)
+      for (dst.alignment = 0; dst.alignment < 32; ++dst.alignment)
+        ASSERT_TRUE(runCase({&GetParam(), {width, 2}, src, dst}));
+}
+
+TEST_P(Sweep, ExtremeContents) {
+  for (const Contents contents : {Contents::Zeros, Contents::Ones, Contents::Alternating})
+    for (const int32_t width : {1, 7, 16, 33, 67})
+      for (const Layout& layout : {kRight, kOdd})
+        ASSERT_TRUE(runCase({&GetParam(), {width, 4}, layout, layout, contents}));
+}
+
+TEST_P(Sweep, WideRows) {
+  for (const Layout& layout : {kRight, kTight}) ASSERT_TRUE(runCase({&GetParam(), {100003, 3}, layout, layout}));
+}
+
+// The offset of the third row does not fit 32 bits.
+TEST_P(Sweep, FarRows) {
+  constexpr Layout kDown{.rows = Layout::Far}, kUp{.rows = Layout::Far, .direction = -1};
+  const std::pair<Layout, Layout> layouts[] = {{kDown, kRight}, {kRight, kDown}, {kUp, kUp}};
+  for (const auto& [src, dst] : layouts) ASSERT_TRUE(runCase({&GetParam(), {45, 4}, src, dst}));
+}

@@ -1,0 +1,56 @@
+// Lookup in the function table and image geometry.
+#include "catalogue.h"
+
+#include <algorithm>
+#include <charconv>
+
+#include "table_binding.h"
+
+namespace tolk {
+
+#define FUNCTION_SCOPE
+static const std::vector<Function>& table() {
+  static const std::vector<Function> kTable = {
+#include "function_table.inc"
+  };
+  return kTable;
+}
+
+std::span<const Function> functions() { return table(); }
+
+const Function* findFunction(std::string_view name) {
+  auto found = std::find_if(table().begin(), table().end(), [&](const Function& f) { return f.name == name; });
+  return found == table().end() ? nullptr : &*found;
+}
+
+bool Function::has(std::string_view parameterName) const {
+  return std::any_of(parameters.begin(), parameters.end(), [&](const Parameter& p) { return p.name == parameterName; });
+}
+
+int sampleBits(std::string_view sample) {
+  int bits = 0;
+  std::from_chars(sample.data(), sample.data() + sample.size(), bits);
+  return bits;
+}
+
+std::vector<PlaneShape> planeShapes(const SideInfo& side, TolkSize roi) {
+  const int64_t width = roi.width, height = roi.height;
+  const int bits = sampleBits(side.sample);
+  auto plane = [&](int64_t columns, int64_t rows, int channels) {
+    return PlaneShape{(columns * channels * bits + 7) / 8, rows, channels};
+  };
+  int across = 1, down = 1;
+  if (side.space.ends_with("422")) across = 2;
+  if (side.space.ends_with("420")) across = down = 2;
+  if (side.space.ends_with("411")) across = 4;
+  if (side.space.ends_with("1620")) across = down = 4;
+  const int64_t chromaWidth = (width + across - 1) / across, chromaHeight = (height + down - 1) / down;
+  const int count = side.layout.back() - '0';
+  if (side.layout == "P2") return {plane(width, height, 1), plane(chromaWidth, chromaHeight, 2)};
+  if (side.layout.find('P') == std::string_view::npos) return {plane(width, height, count)};
+  std::vector<PlaneShape> planes(static_cast<size_t>(count), plane(width, height, 1));
+  planes[1] = planes[2] = plane(chromaWidth, chromaHeight, 1);
+  return planes;
+}
+
+}  // namespace tolk

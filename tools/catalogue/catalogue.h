@@ -1,0 +1,65 @@
+// The table of all image functions, derived from the public header, and the shapes of their images.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string_view>
+#include <vector>
+
+#include "tolkcolor.h"
+
+namespace tolk {
+
+// The image of one side of a call. `plane` and `step` in the order of the arguments; a missing array is a null pointer.
+struct Side {
+  std::array<void*, 4> plane{};
+  std::array<int64_t, 4> step{};
+  bool nullArray = false;
+};
+
+// One call of any function: every argument that some function takes.
+struct Call {
+  Side src, dst;
+  TolkSize roi{};
+  uint8_t alpha = 0;
+};
+
+struct SideInfo {
+  std::string_view space;   // "RGB", "YCbCr422"
+  std::string_view layout;  // "C3", "P2", "AC4"
+  std::string_view sample;  // "8u", "32f"
+};
+
+struct Parameter {
+  std::string_view type, name;  // an array's extent stands behind its name: "src[3]"
+};
+
+struct Function {
+  std::string_view name, family, operation, variant;
+  SideInfo src, dst;
+  bool inPlace;
+  std::vector<Parameter> parameters;
+  std::string_view familyText, text;  // the header's words
+  void* linked;                       // the function in the library that this program is linked with
+  TolkStatus (*invoke)(void* function, const Call& call);
+
+  bool has(std::string_view parameterName) const;
+};
+
+std::span<const Function> functions();
+const Function* findFunction(std::string_view name);
+
+// One plane of an image: its rows are `rowBytes` long without slack.
+struct PlaneShape {
+  int64_t rowBytes;
+  int64_t rows;
+  int channels;  // samples that belong together: 3 in a C3 plane, 2 in a packed 4:2:2 or interleaved chroma plane
+};
+
+int sampleBits(std::string_view sample);
+// The planes of an image of `roi` pixels; subsampled dimensions are rounded up.
+std::vector<PlaneShape> planeShapes(const SideInfo& side, TolkSize roi);
+
+}  // namespace tolk

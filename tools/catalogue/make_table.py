@@ -1,0 +1,109 @@
+#!/usr/bin/env python3
+"""Derives the table of all functions from the public header.
+
+make_table.py HEADER > function_table.inc: the table; the including file defines FUNCTION_SCOPE (empty for the library,
+`name::` for another implementation).
+make_table.py HEADER NAME > declarations.h: the same functions declared in namespace NAME."""
+import re
+import sys
+
+LAYOUT = r"(?:AP4|AC4|[CP][1-4])"
+NAME = re.compile(
+    r"tolk(?P<operation>[A-Za-z0-9]+?)"
+    r"(?P<variants>(?:_(?:709CSC|709HDTV|Rev|Filter|Interlace|VNG))*)"
+    r"_(?P<srcType>\d+[usf])(?P<dstType>\d+[usf])?"
+    rf"_(?P<inPlace1>I?)(?P<srcLayout>{LAYOUT})(?P<dstLayout>{LAYOUT})?(?P<inPlace2>I?)R?(?:_L)?$")
+SPACES = re.compile(r"([A-Za-z0-9]+?)To([A-Za-z0-9]+)$")
+DECLARATION = re.compile(r"TOLK_API\s+([\w\s*]+?)\s*\b(tolk\w+)\(([^)]*)\);")
+SUBSAMPLING = re.compile(r"(422|420|411|1620)(v210)?$")
+PLANE_OF = {"": 0, "Y": 0, "CbCr": 1, "CrCb": 1}
+
+
+def quoted(text):
+    return '"' + text.replace("\\", "\\\\").replace('"', '\\"').replace("\n", "\\n") + '"'
+
+
+def comment_text(comment):
+    """The words of a /** */ comment without its frame."""
+    lines = comment.strip()[3:-2].split("\n")
+    return "\n".join(re.sub(r"^\s*\* ?", "", line).rstrip() for line in lines).strip()
+
+
+def spaces(operation):
+    match = SPACES.match(operation)
+    if not match or operation in ("ColorTwist",):
+        return operation, operation
+    source, target = match.groups()
+    if SUBSAMPLING.fullmatch(target):  # YCbCr422To420: the target keeps the source's colour space
+        target = SUBSAMPLING.sub("", source) + target
+    return source.replace("v210", ""), target.replace("Gamma", "")
+
+
+def argument(kind, name):
+    """The expression that binds one parameter to a Call."""
+    for side in ("srcDst", "src", "dst"):
+        match = re.fullmatch(side + r"(Y|CbCr|CrCb)?(Step)?(\[\d\])?", name)
+        if not match:
+            continue
+        place = "dst" if side == "srcDst" else side
+        part, step, array = match.groups()
+        index = PLANE_OF[part or ""]
+        element = kind.split("*")[0].strip()
+        if step:
+            element = element.replace("const ", "")
+            return f"Steps<{element}>(c.{place})" if array else f"static_cast<{element}>(c.{place}.step[{index}])"
+        return f"Planes<{element}>(c.{place})" if array else f"static_cast<{element}*>(c.{place}.plane[{index}])"
+    return "c." + name
+
+
+def parameters(text):
+    if text.strip() in ("", "void"):
+        return []
+    result = []
+    for parameter in text.split(","):
+        match = re.fullmatch(r"\s*(.*?)\s*(\w+(?:\[\d\])?)\s*", parameter, re.S)
+        result.append((re.sub(r"\s+", " ", match.group(1)), match.group(2)))
+    return result
+
+
+def main():
+    header = open(sys.argv[1], encoding="utf-8").read()
+    if len(sys.argv) > 2:
+        print(f'#pragma once\n#include "tolkcolor.h"\nnamespace {sys.argv[2]} {{')
+        for match in DECLARATION.finditer(header):
+            if NAME.match(match.group(2)):
+                print(f"{match.group(1)} {match.group(2)}({match.group(3)});")
+        print("}")
+        return
+    family, family_text, note = "", "", ""
+    for token in re.finditer(r"/\* ==== (.*?) ==== \*/|(/\*\*(?:[^*]|\*(?!/))*\*/)|^(TOLK_API[^;]*;)", header, re.M):
+        section, comment, declaration = token.groups()
+        if section:
+            family, family_text, note = section, "", ""
+        elif comment:
+            if note:  # two comments in a row: the first belongs to the family
+                family_text = note
+            note = comment_text(comment)
+        else:
+            returns, name, text = DECLARATION.match(declaration).groups()
+            match = NAME.match(name)
+            if match:
+                part = match.groupdict()
+                source, target = spaces(part["operation"])
+                in_place = part["inPlace1"] or part["inPlace2"]
+                arguments = parameters(text)
+                listed = ", ".join(f"{{{quoted(kind)}, {quoted(label)}}}" for kind, label in arguments)
+                call = ", ".join(argument(kind, label) for kind, label in arguments)
+                print(f"{{{quoted(name)}, {quoted(family)}, {quoted(part['operation'])}, "
+                      f"{quoted(part['variants'].strip('_'))},\n"
+                      f" {{{quoted(source)}, {quoted(part['srcLayout'])}, {quoted(part['srcType'])}}},\n"
+                      f" {{{quoted(target)}, {quoted(part['dstLayout'] or part['srcLayout'])}, "
+                      f"{quoted(part['dstType'] or part['srcType'])}}},\n"
+                      f" {'true' if in_place else 'false'}, {{{listed}}},\n"
+                      f" {quoted(family_text)},\n {quoted(note)},\n"
+                      f" reinterpret_cast<void*>(&FUNCTION_SCOPE {name}),\n"
+                      f" [](void* f, const Call& c) {{ return reinterpret_cast<decltype(&{name})>(f)({call}); }}}},")
+            note = ""
+
+
+main()

@@ -1,0 +1,26 @@
+// The subcommands; a failure is an exception with a message for the user.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace tolk {
+
+void listFunctions(const std::string& pattern);
+void showFunction(const std::string& name);
+void showVersion();
+
+struct RunOptions {
+  std::string function, in, out;
+  std::string size;          // "640x480", or empty
+  std::optional<int> alpha;  // opaque if missing
+  int repeat = 0;            // 0: do not measure
+  bool strict = false;       // a warning is an error
+};
+void runFunction(const RunOptions& options);
+
+void makePanel(const std::string& out, const std::vector<std::string>& images, int gap);
+void comparePictures(const std::string& first, const std::string& second);
+
+}  // namespace tolk

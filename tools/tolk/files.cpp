@@ -1,0 +1,105 @@
+// Whole files in and out, on POSIX calls for their exact error texts.
+#include "files.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdlib>
+#include <cstring>
+#include <filesystem>
+#include <stdexcept>
+
+namespace tolk {
+
+namespace {
+
+[[noreturn]] void failWithErrno(const std::string& what) {
+  throw std::runtime_error(what + ": " + std::strerror(errno));
+}
+
+class Descriptor {
+ public:
+  explicit Descriptor(int number) : number_(number) {}
+  Descriptor(const Descriptor&) = delete;
+  Descriptor& operator=(const Descriptor&) = delete;
+  ~Descriptor() {
+    if (number_ >= 0) ::close(number_);
+  }
+  int get() const { return number_; }
+  bool close() {
+    const int number = number_;
+    number_ = -1;
+    return ::close(number) == 0;
+  }
+
+ private:
+  int number_;
+};
+
+bool writeAll(int descriptor, std::span<const uint8_t> bytes) {
+  while (!bytes.empty()) {
+    const ssize_t count = ::write(descriptor, bytes.data(), bytes.size());
+    if (count < 0 && errno == EINTR) continue;
+    if (count < 0) return false;
+    bytes = bytes.subspan(static_cast<size_t>(count));
+  }
+  return true;
+}
+
+void replaceFile(const std::string& path, std::span<const uint8_t> bytes) {
+  std::string temporary = path + ".XXXXXX";
+  Descriptor file(::mkstemp(temporary.data()));
+  if (file.get() < 0) failWithErrno("cannot write " + path);
+  const mode_t mask = ::umask(0);
+  ::umask(mask);
+  if (writeAll(file.get(), bytes) && ::fchmod(file.get(), 0666 & ~mask) == 0 && file.close() &&
+      ::rename(temporary.c_str(), path.c_str()) == 0) {
+    return;
+  }
+  const int error = errno;
+  ::unlink(temporary.c_str());
+  errno = error;
+  failWithErrno("cannot write " + path);
+}
+
+void writeInto(const std::string& path, int descriptor, std::span<const uint8_t> bytes) {
+  Descriptor file(descriptor);
+  if (file.get() < 0 || !writeAll(file.get(), bytes) || !file.close()) failWithErrno("cannot write " + path);
+}
+
+}  // namespace
+
+Bytes readFile(const std::string& path) {
+  Descriptor file(path == kStandardStream ? ::dup(STDIN_FILENO) : ::open(path.c_str(), O_RDONLY | O_CLOEXEC));
+  if (file.get() < 0) failWithErrno("cannot read " + path);
+  Bytes bytes;
+  struct stat about = {};
+  if (::fstat(file.get(), &about) == 0 && S_ISREG(about.st_mode)) bytes.reserve(static_cast<size_t>(about.st_size) + 1);
+  size_t used = 0;
+  for (;;) {
+    bytes.resize(std::max(bytes.capacity(), used + 65536));
+    const ssize_t count = ::read(file.get(), bytes.data() + used, bytes.size() - used);
+    if (count < 0 && errno == EINTR) continue;
+    if (count < 0) failWithErrno("cannot read " + path);
+    used += static_cast<size_t>(count);
+    if (count == 0) break;
+  }
+  bytes.resize(used);
+  return bytes;
+}
+
+void writeFile(const std::string& path, std::span<const uint8_t> bytes) {
+  if (path == kStandardStream) return writeInto("standard output", ::dup(STDOUT_FILENO), bytes);
+  std::error_code ignored;
+  const std::filesystem::path target = std::filesystem::weakly_canonical(path, ignored);  // replaces no symbolic link
+  const auto kind = std::filesystem::status(path, ignored).type();
+  using enum std::filesystem::file_type;
+  if (kind == character || kind == fifo || kind == block || kind == socket) {
+    return writeInto(path, ::open(path.c_str(), O_WRONLY | O_CLOEXEC), bytes);
+  }
+  replaceFile(target.empty() ? path : target.string(), bytes);
+}
+
+}  // namespace tolk

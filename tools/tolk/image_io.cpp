@@ -1,0 +1,79 @@
+// The choice of an image file's format.
+#include "image_io.h"
+
+#include <algorithm>
+#include <cctype>
+#include <filesystem>
+#include <stdexcept>
+#include <string_view>
+
+namespace tolk {
+
+namespace {
+
+struct Format {
+  std::string_view extension;
+  int minChannels, maxChannels, maxBits;
+  Bytes (*encode)(const Image&);
+};
+
+constexpr Format kFormats[] = {
+    {".png", 1, 4, 16, encodePng}, {".jpg", 1, 3, 8, encodeJpeg}, {".jpeg", 1, 3, 8, encodeJpeg},
+    {".pgm", 1, 1, 16, encodePnm}, {".ppm", 3, 3, 16, encodePnm}, {".pnm", 1, 3, 16, encodePnm},
+};
+
+const Format* formatOf(const std::string& path) {
+  std::string extension = std::filesystem::path(path).extension().string();
+  std::transform(extension.begin(), extension.end(), extension.begin(),
+                 [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+  auto found = std::find_if(std::begin(kFormats), std::end(kFormats),
+                            [&](const Format& format) { return format.extension == extension; });
+  return found == std::end(kFormats) ? nullptr : found;
+}
+
+bool startsWith(std::span<const uint8_t> file, std::string_view magic) {
+  return file.size() >= magic.size() &&
+         std::equal(magic.begin(), magic.end(), file.begin(), [](char a, uint8_t b) { return uint8_t(a) == b; });
+}
+
+Image decode(std::span<const uint8_t> file) {
+  if (startsWith(file, "\x89PNG")) return decodePng(file);
+  if (startsWith(file, "\xFF\xD8\xFF")) return decodeJpeg(file);
+  if (startsWith(file, "P5") || startsWith(file, "P6")) return decodePnm(file);
+  throw std::runtime_error("not a PNG, JPEG or binary PGM or PPM image");
+}
+
+}  // namespace
+
+bool isImageFile(const std::string& path) { return formatOf(path) != nullptr; }
+
+Image readImage(const std::string& path) {
+  const Bytes file = readFile(path);
+  try {
+    return decode(file);
+  } catch (const std::runtime_error& fault) {
+    throw std::runtime_error(path + ": " + fault.what());
+  }
+}
+
+void requireHolds(const std::string& path, int channels, int bits) {
+  const Format* format = formatOf(path);
+  if (!format) throw std::runtime_error(path + ": the extension names no image format (png, jpg, pgm, ppm, pnm)");
+  if (channels >= format->minChannels && channels <= format->maxChannels && bits <= format->maxBits) return;
+  constexpr std::string_view kContents[] = {"gray", "gray and alpha", "RGB", "RGB and alpha"};
+  throw std::runtime_error(path + ": this format cannot hold " + std::to_string(bits) + "-bit " +
+                           std::string(kContents[channels - 1]) + " (a .png file can)");
+}
+
+void writeImage(const std::string& path, const Image& image) {
+  requireHolds(path, image.channels, image.bits);
+  Bytes file;
+  try {
+    file = formatOf(path)->encode(image);
+  } catch (const std::runtime_error& fault) {
+    throw std::runtime_error("cannot write " + path + ": " + fault.what());
+  }
+  writeFile(path, file);
+}
+
+}  // namespace tolk

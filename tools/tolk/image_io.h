@@ -1,0 +1,40 @@
+// Pictures, and the image files that they come from and go to.
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string>
+
+#include "files.h"
+
+namespace tolk {
+
+// Rows without slack; channels are gray, gray and alpha, RGB, or RGB and alpha; 16-bit samples in the machine's order.
+struct Image {
+  int32_t width = 0, height = 0;
+  int channels = 0;
+  int bits = 8;
+  Bytes samples;
+
+  size_t sampleBytes() const { return static_cast<size_t>(bits) / 8; }
+  size_t pixels() const { return static_cast<size_t>(width) * static_cast<size_t>(height); }
+  size_t rowBytes() const { return static_cast<size_t>(width) * static_cast<size_t>(channels) * sampleBytes(); }
+  bool hasAlpha() const { return channels % 2 == 0; }
+  int colours() const { return channels > 2 ? 3 : 1; }
+  void allocate() { samples.resize(rowBytes() * static_cast<size_t>(height)); }
+};
+
+bool isImageFile(const std::string& path);  // by its extension
+Image readImage(const std::string& path);   // by its first bytes
+void writeImage(const std::string& path, const Image& image);
+// Fails, before any work is done, where writeImage would.
+void requireHolds(const std::string& path, int channels, int bits);
+
+Image decodePng(std::span<const uint8_t> file);
+Bytes encodePng(const Image& image);
+Image decodeJpeg(std::span<const uint8_t> file);
+Bytes encodeJpeg(const Image& image);
+Image decodePnm(std::span<const uint8_t> file);
+Bytes encodePnm(const Image& image);
+
+}  // namespace tolk
