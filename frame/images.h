@@ -36,12 +36,16 @@ struct PackedRow {
   template <int L>
   LANE_OP Registers<T, L, Layout::kStride> registers(ptrdiff_t x) const {
     Registers<T, L, Layout::kStride> memory;
-    for (int k = 0; k < Layout::kStride; ++k) memory[k] = loadLanes<kLaneBytes, T, L>(at(x) + 16 * k);
+    unrolled<Layout::kStride>([&](auto k) __attribute__((always_inline)) {
+      memory[k] = loadLanes<kLaneBytes, T, L>(at(x) + 16 * k);
+    });
     return memory;
   }
   LANE_OP Registers<T, 1, Layout::kStride> someRegisters(ptrdiff_t x, ptrdiff_t pixels) const {
     Registers<T, 1, Layout::kStride> memory;
-    for (int k = 0; k < Layout::kStride; ++k) memory[k] = loadBytes<T>(at(x) + 16 * k, pixels * kPixelBytes - 16 * k);
+    unrolled<Layout::kStride>([&](auto k) __attribute__((always_inline)) {
+      memory[k] = loadBytes<T>(at(x) + 16 * k, pixels * kPixelBytes - 16 * k);
+    });
     return memory;
   }
   T sample(ptrdiff_t x, int place) const {
@@ -85,13 +89,15 @@ struct PackedTarget {
     template <int L>
     LANE_OP void store(ptrdiff_t x, const Registers<T, L, Layout::kChannels>& channel) const {
       const auto memory = packed<L>(channel, [&] { return this->template registers<L>(x); });
-      for (int k = 0; k < Layout::kStride; ++k) storeLanes<Row::kLaneBytes>(this->at(x) + 16 * k, memory[k]);
+      unrolled<Layout::kStride>([&](auto k) __attribute__((always_inline)) {
+        storeLanes<Row::kLaneBytes>(this->at(x) + 16 * k, memory[k]);
+      });
     }
     LANE_OP void storeSome(ptrdiff_t x, ptrdiff_t pixels, const Registers<T, 1, Layout::kChannels>& channel) const {
       const auto memory = packed<1>(channel, [&] { return this->someRegisters(x, pixels); });
-      for (int k = 0; k < Layout::kStride; ++k) {
+      unrolled<Layout::kStride>([&](auto k) __attribute__((always_inline)) {
         storeBytes(this->at(x) + 16 * k, memory[k], pixels * Row::kPixelBytes - 16 * k);
-      }
+      });
     }
     void storePixel(ptrdiff_t x, const auto& pixel) const {
       for (int place = 0; place < Layout::kStride; ++place) {
@@ -117,7 +123,9 @@ struct PackedTarget {
         const auto keepMask = packPixels<Layout>(none, Reg<T, L>::splat(static_cast<T>(-1)));
         auto memory = packPixels<Layout>(channel, Reg<T, L>::splat(0));
         const auto old = oldRegisters();
-        for (int k = 0; k < Layout::kStride; ++k) memory[k] = memory[k] | (old[k] & keepMask[k]);
+        unrolled<Layout::kStride>([&](auto k) __attribute__((always_inline)) {
+          memory[k] = memory[k] | (old[k] & keepMask[k]);
+        });
         return memory;
       }
     }
@@ -144,12 +152,14 @@ struct PlanarImage {
     template <int L>
     LANE_OP Registers<T, L, C> load(ptrdiff_t x) const {
       Registers<T, L, C> channel;
-      for (int c = 0; c < C; ++c) channel[c] = loadLanes<16, T, L>(at(x, c));
+      unrolled<C>([&](auto c) __attribute__((always_inline)) { channel[c] = loadLanes<16, T, L>(at(x, c)); });
       return channel;
     }
     LANE_OP Registers<T, 1, C> loadSome(ptrdiff_t x, ptrdiff_t pixels) const {
       Registers<T, 1, C> channel;
-      for (int c = 0; c < C; ++c) channel[c] = loadBytes<T>(at(x, c), pixels * ptrdiff_t{sizeof(T)});
+      unrolled<C>([&](auto c) __attribute__((always_inline)) {
+        channel[c] = loadBytes<T>(at(x, c), pixels * ptrdiff_t{sizeof(T)});
+      });
       return channel;
     }
     std::array<T, C> loadPixel(ptrdiff_t x) const {
@@ -159,10 +169,12 @@ struct PlanarImage {
     }
     template <int L>
     LANE_OP void store(ptrdiff_t x, const Registers<T, L, C>& channel) const {
-      for (int c = 0; c < C; ++c) storeLanes<16>(at(x, c), channel[c]);
+      unrolled<C>([&](auto c) __attribute__((always_inline)) { storeLanes<16>(at(x, c), channel[c]); });
     }
     LANE_OP void storeSome(ptrdiff_t x, ptrdiff_t pixels, const Registers<T, 1, C>& channel) const {
-      for (int c = 0; c < C; ++c) storeBytes(at(x, c), channel[c], pixels * ptrdiff_t{sizeof(T)});
+      unrolled<C>([&](auto c) __attribute__((always_inline)) {
+        storeBytes(at(x, c), channel[c], pixels * ptrdiff_t{sizeof(T)});
+      });
     }
     void storePixel(ptrdiff_t x, const auto& pixel) const {
       for (int c = 0; c < C; ++c) {
@@ -173,7 +185,7 @@ struct PlanarImage {
   };
   Row row(ptrdiff_t y) const {
     Row row;
-    for (int c = 0; c < C; ++c) row.base[c] = base[c] + y * step[c];
+    unrolled<C>([&](auto c) __attribute__((always_inline)) { row.base[c] = base[c] + y * step[c]; });
     return row;
   }
 

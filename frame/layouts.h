@@ -116,12 +116,14 @@ LANE_OP Registers<T, L, Layout::kChannels> unpackPixels(const Registers<T, L, La
                                     interleaveHigh<8>(ab2, cd2)};
     return [&]<size_t... C>(std::index_sequence<C...>) __attribute__((always_inline)) {
       return Registers<T, L, Layout::kChannels>{all[C]...};
-    }(std::make_index_sequence<Layout::kChannels>{});
+    }
+    (std::make_index_sequence<Layout::kChannels>{});
   } else {
     return [&]<size_t... C>(std::index_sequence<C...>) __attribute__((always_inline)) {
       return Registers<T, L, Layout::kChannels>{
           detail::gatherChannel<Layout, C>(memory, std::make_index_sequence<Layout::kStride>{})...};
-    }(std::make_index_sequence<Layout::kChannels>{});
+    }
+    (std::make_index_sequence<Layout::kChannels>{});
   }
 }
 
@@ -143,7 +145,8 @@ LANE_OP Registers<T, L, Layout::kStride> packPixels(const Registers<T, L, Layout
     return [&]<size_t... To>(std::index_sequence<To...>) __attribute__((always_inline)) {
       return Registers<T, L, Layout::kStride>{
           detail::gatherMemory<Layout, To>(channel, std::make_index_sequence<Layout::kChannels>{})...};
-    }(std::make_index_sequence<Layout::kStride>{});
+    }
+    (std::make_index_sequence<Layout::kStride>{});
   }
 }
 

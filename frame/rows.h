@@ -16,7 +16,9 @@ struct Rule {
 struct Unbound {};  // the target that rows() gets serves this rule
 
 template <int N, class Form, class Target = Unbound>
-struct Block : Rule<Form, Target> {};
+struct Block : Rule<Form, Target> {
+  static constexpr int kBlock = N;
+};
 template <class Form, class Target = Unbound>
 struct Tail : Rule<Form, Target> {};
 
@@ -38,7 +40,8 @@ LANE_OP auto applyForm(Form form, const std::array<Reg<T, L>, C>& channel) {
   auto on = [&](auto convert) __attribute__((always_inline)) {
     return [&]<size_t... I>(std::index_sequence<I...>) __attribute__((always_inline)) {
       return form(convert(channel[I])...);
-    }(std::make_index_sequence<C>{});
+    }
+    (std::make_index_sequence<C>{});
   };
   if constexpr (sizeof(T) > 1) {
     return on([](auto a) __attribute__((always_inline)) { return a; });
@@ -46,29 +49,75 @@ LANE_OP auto applyForm(Form form, const std::array<Reg<T, L>, C>& channel) {
     const auto low = on([](auto a) __attribute__((always_inline)) { return widenLow(a); });
     const auto high = on([](auto a) __attribute__((always_inline)) { return widenHigh(a); });
     Registers<T, L, std::tuple_size_v<decltype(low)>> result;
-    for (size_t c = 0; c < result.size(); ++c) result[c] = narrow(low[c], high[c]);
+    unrolled<result.size()>([&](auto c) __attribute__((always_inline)) { result[c] = narrow(low[c], high[c]); });
     return result;
   }
 }
 
-// Columns x to end: whole vectors of L lanes, then whole and partial lanes one by one.
-template <int L, class Form, class Source, class Target>
-LANE_OP void convertColumns(Form form, const Source& src, const Target& dst, ptrdiff_t x, ptrdiff_t end) {
-  constexpr ptrdiff_t kLane = kLanePixels<typename Source::Sample>;
-  if constexpr (kLanes == 0) {
-    auto number = []<class T>(T v) { return std::conditional_t<std::is_integral_v<T>, int, T>{v}; };
-    for (; x < end; ++x) {
-      dst.storePixel(x, std::apply([&](auto... v) { return form(number(v)...); }, src.loadPixel(x)));
-    }
+// The tail after blocks of 8 or fewer lies in one half of a lane of bytes; that half's result is given in both.
+template <int N, class Form, class T, size_t C>
+LANE_OP auto applyTailForm(Form form, const std::array<Reg<T, 1>, C>& channel, ptrdiff_t end) {
+  if constexpr (sizeof(T) > 1 || N > 8) {
+    return applyForm(form, channel);
   } else {
-    if constexpr (L > 0) {
-      for (; x + kLane * L <= end; x += kLane * L) {
-        dst.template store<L>(x, applyForm(form, src.template load<L>(x)));
-      }
+    const auto half = [&]<size_t... I>(std::index_sequence<I...>) __attribute__((always_inline)) {
+      return form((end & 8 ? widenHigh(channel[I]) : widenLow(channel[I]))...);
     }
-    for (; x < end; x += kLane) {
-      const ptrdiff_t pixels = std::min(end - x, kLane);
-      dst.storeSome(x, pixels, applyForm(form, src.loadSome(x, pixels)));
+    (std::make_index_sequence<C>{});
+    Registers<T, 1, std::tuple_size_v<decltype(half)>> result;
+    unrolled<result.size()>([&](auto c) __attribute__((always_inline)) { result[c] = narrow(half[c], half[c]); });
+    return result;
+  }
+}
+
+// Whole vectors of columns from x on; returns where they end.
+template <class Form, class Source, class Target>
+LANE_OP ptrdiff_t convertVectors(Form form, const Source& src, const Target& dst, ptrdiff_t x, ptrdiff_t end) {
+  constexpr ptrdiff_t kStep = kLanes * kLanePixels<typename Source::Sample>;
+  for (; x + kStep <= end; x += kStep) dst.template store<kLanes>(x, applyForm(form, src.template load<kLanes>(x)));
+  return x;
+}
+
+template <class Form, class Source, class Target>
+void convertPixels(Form form, const Source& src, const Target& dst, ptrdiff_t x, ptrdiff_t end) {
+  auto number = []<class T>(T v) { return std::conditional_t<std::is_integral_v<T>, int, T>{v}; };
+  for (; x < end; ++x) {
+    dst.storePixel(x, std::apply([&](auto... v) { return form(number(v)...); }, src.loadPixel(x)));
+  }
+}
+
+// A row: the block form below column `end`, the tail form from there on. After the whole vectors of blocks it goes on
+// lane by lane; a lane that both forms share is computed by both.
+template <class Source, class BlockRule, class TailRule>
+LANE_OP void convertRow(ptrdiff_t y, ptrdiff_t width, ptrdiff_t end, const Source& source, const BlockRule& block,
+                        const TailRule& tail) {
+  const auto src = source.row(y);
+  const auto blockDst = block.target.row(y);
+  const auto tailDst = tail.target.row(y);
+  using Sample = typename decltype(src)::Sample;
+  if constexpr (kLanes == 0) {
+    convertPixels(block.form, src, blockDst, 0, end);
+    convertPixels(tail.form, src, tailDst, end, width);
+  } else {
+    constexpr ptrdiff_t kLane = kLanePixels<Sample>;
+    for (ptrdiff_t x = convertVectors(block.form, src, blockDst, 0, end); x < width; x += kLane) {
+      const ptrdiff_t pixels = std::min(width - x, kLane), blocks = end - x;
+      const auto samples = src.loadSome(x, pixels);
+      auto result = decltype(applyForm(block.form, samples)){};
+      if (blocks > 0) result = applyForm(block.form, samples);
+      if (blocks < pixels) {
+        const auto mask = firstSamples<Sample>(std::max(blocks, ptrdiff_t{0}));
+        const auto tailResult = applyTailForm<BlockRule::kBlock>(tail.form, samples, end);
+        unrolled<result.size()>([&](auto c) __attribute__((always_inline)) {
+          result[c] = choose(mask, result[c], tailResult[c]);
+        });
+      }
+      if constexpr (std::is_same_v<decltype(blockDst), decltype(tailDst)>) {
+        blockDst.storeSome(x, pixels, result);
+      } else {
+        static_assert(BlockRule::kBlock % kLane == 0, "a lane that both forms share has one target");
+        blocks > 0 ? blockDst.storeSome(x, pixels, result) : tailDst.storeSome(x, pixels, result);
+      }
     }
   }
 }
@@ -79,10 +128,7 @@ LANE_OP void convertColumns(Form form, const Source& src, const Target& dst, ptr
 template <class Source, int N, class BlockForm, class BlockTarget, class TailForm, class TailTarget>
 TolkStatus rows(TolkSize roi, Source src, Block<N, BlockForm, BlockTarget> block, Tail<TailForm, TailTarget> tail) {
   const ptrdiff_t width = roi.width, end = width & ~ptrdiff_t{N - 1};
-  for (ptrdiff_t y = 0; y < roi.height; ++y) {
-    detail::convertColumns<kLanes>(block.form, src.row(y), block.target.row(y), 0, end);
-    detail::convertColumns<0>(tail.form, src.row(y), tail.target.row(y), end, width);
-  }
+  for (ptrdiff_t y = 0; y < roi.height; ++y) detail::convertRow(y, width, end, src, block, tail);
   return tolkStatusOk;
 }
 template <class Source, class Target, int N, class BlockForm, class TailForm>
@@ -93,10 +139,7 @@ TolkStatus rows(TolkSize roi, Source src, Target dst, Block<N, BlockForm> b, Tai
 // One form for every column.
 template <class Source, class Target, class Form>
 TolkStatus rows(TolkSize roi, Source src, Target dst, Form form) {
-  for (ptrdiff_t y = 0; y < roi.height; ++y) {
-    detail::convertColumns<kLanes>(form, src.row(y), dst.row(y), 0, roi.width);
-  }
-  return tolkStatusOk;
+  return rows(roi, src, block<1>(form, dst), tail(form, dst));
 }
 
 }  // namespace tolk

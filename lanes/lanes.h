@@ -1,7 +1,7 @@
 // Registers of independent 16-byte lanes: element types, operations and memory primitives for every register width.
 //
-// Each lane holds its own run of consecutive pixels, so lane order is pixel order, unpacking and packing undo each other
-// inside a lane, and a shuffle written for one lane is right at any width.
+// Each lane holds its own run of consecutive pixels, so lane order is pixel order, unpacking and packing undo each
+// other inside a lane, and a shuffle written for one lane is right at any width.
 #pragma once
 
 #include <immintrin.h>
@@ -9,10 +9,20 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <utility>
 
 #define LANE_OP [[gnu::always_inline]] inline
 
 namespace tolk {
+
+// f(0), f(1) ... f(N - 1), as text: each index is a constant, so arrays of registers stay in registers.
+template <int N>
+LANE_OP constexpr void unrolled(auto f) {
+  [&]<int... I>(std::integer_sequence<int, I...>) __attribute__((always_inline)) {
+    (f(std::integral_constant<int, I>{}), ...);
+  }
+  (std::make_integer_sequence<int, N>{});
+}
 
 #if defined(TOLK_PLAIN)
 inline constexpr int kLanes = 0;  // no lanes: every form runs on plain integers
@@ -117,11 +127,11 @@ LANE_OP Reg<T, L> shiftRight(Reg<T, L> a, int n) {
 
 // ---- Operations of the processor. The intrinsics of the widths differ in their prefix alone. ----
 
-#define BY_WIDTH(result, operation, ...)                     \
-  if constexpr (L == 1) {                                    \
-    return Reg<result, L>(_mm_##operation(__VA_ARGS__));     \
-  } else {                                                   \
-    return Reg<result, L>(_mm256_##operation(__VA_ARGS__));  \
+#define BY_WIDTH(result, operation, ...)                    \
+  if constexpr (L == 1) {                                   \
+    return Reg<result, L>(_mm_##operation(__VA_ARGS__));    \
+  } else {                                                  \
+    return Reg<result, L>(_mm256_##operation(__VA_ARGS__)); \
   }
 
 // Upper half of the 32-bit product.
@@ -243,9 +253,12 @@ LANE_OP void storeLanes(void* p, Reg<T, L> a) {
 
 namespace detail {
 // Sixteen bytes from kSlide + 16 - n move a lane up by n bytes, those from kSlide + 16 + n move it down.
-alignas(16) inline constexpr int8_t kSlide[48] = {
-    -1, -1, -1, -1, -1, -1, -1, -1, -1, -1, -1, -1, -1, -1, -1, -1, 0,  1,  2,  3,  4,  5,  6,  7,
-    8,  9,  10, 11, 12, 13, 14, 15, -1, -1, -1, -1, -1, -1, -1, -1, -1, -1, -1, -1, -1, -1, -1, -1};
+alignas(16) inline constexpr int8_t kSlide[48] = {-1, -1, -1, -1, -1, -1, -1, -1, -1, -1, -1, -1, -1, -1, -1, -1,
+                                                  0,  1,  2,  3,  4,  5,  6,  7,  8,  9,  10, 11, 12, 13, 14, 15,
+                                                  -1, -1, -1, -1, -1, -1, -1, -1, -1, -1, -1, -1, -1, -1, -1, -1};
+
+// Sixteen bytes from kMasks + 16 - n: n set ones, then clear ones.
+alignas(16) inline constexpr int8_t kMasks[32] = {-1, -1, -1, -1, -1, -1, -1, -1, -1, -1, -1, -1, -1, -1, -1, -1};
 
 template <class Word>
 LANE_OP uint64_t loadWord(const uint8_t* p) {
@@ -301,6 +314,17 @@ LANE_OP void storeBytes(uint8_t* p, Reg<T, 1> a, ptrdiff_t n) {
   } else if (n == 1) {
     *p = static_cast<uint8_t>(word);
   }
+}
+
+// The bytes of the first n samples of a lane, as a mask.
+template <class T>
+LANE_OP Reg<T, 1> firstSamples(ptrdiff_t n) {
+  return loadLanes<16, T, 1>(detail::kMasks + 16 - n * ptrdiff_t{sizeof(T)});
+}
+// a where the mask is set, else b.
+template <class T, int L>
+LANE_OP Reg<T, L> choose(Reg<T, L> mask, Reg<T, L> a, Reg<T, L> b) {
+  return Reg<T, L>::of((a.v & mask.v) | (b.v & ~mask.v));
 }
 
 #undef BY_WIDTH

@@ -9,23 +9,28 @@ namespace tolk {
 struct Range {
   int64_t low, high;
   int64_t least = -32768, most = 32767;  // what the lane holds
+  bool wideWeight = false;               // a sum of products, one of them by a weight of more than 16 bits
   bool fits = true;                      // no step so far left its lane
 
-  constexpr Range(int64_t from, int64_t to) : low(from), high(to) {}
-  constexpr Range(int64_t from, int64_t to, int64_t laneLeast, int64_t laneMost, bool fitsSoFar)
-      : low(from), high(to), least(laneLeast), most(laneMost),
-        fits(fitsSoFar && from >= laneLeast && to <= laneMost) {}
-
+  // The interval of a step that also read b, in the lane of this one.
+  constexpr Range with(int64_t from, int64_t to, const Range& b) const {
+    const bool sameLane = least == b.least && most == b.most;
+    return {
+        from, to, least, most, wideWeight || b.wideWeight, fits && b.fits && sameLane && from >= least && to <= most};
+  }
   constexpr bool within(int64_t from, int64_t to) const { return low >= from && high <= to; }
-  constexpr Range require(bool condition) const { return {low, high, least, most, fits && condition}; }
-  constexpr Range unsigned16() const { return {low, high, 0, 65535, fits}; }
-  constexpr Range signed16() const { return {low, high, -32768, 32767, fits}; }
-  constexpr Range signed32() const { return {low, high, INT32_MIN, INT32_MAX, fits}; }
+  constexpr Range require(bool condition) const { return {low, high, least, most, wideWeight, fits && condition}; }
+  constexpr Range inLane(int64_t from, int64_t to) const {
+    return {low, high, from, to, false, fits && within(from, to)};
+  }
+  constexpr Range unsigned16() const { return inLane(0, 65535); }
+  constexpr Range signed16() const { return inLane(-32768, 32767); }
+  constexpr Range signed32() const { return inLane(INT32_MIN, INT32_MAX); }
 
   // The image of the interval under a monotonic function.
   constexpr Range through(auto f) const {
     const int64_t a = f(low), b = f(high);
-    return {std::min(a, b), std::max(a, b), least, most, fits};
+    return with(std::min(a, b), std::max(a, b), *this);
   }
 };
 

@@ -32,7 +32,7 @@ struct UnsignedFactor {
   }
   int value;
 };
-struct Weight {  // of a 32-bit sum: wide ones are split in two factors, eights and the rest
+struct Weight {  // of a 32-bit sum
   consteval Weight(int n) : value(n) {
     if (n < -262144 || n > 262143) theFactorExceedsTheMultiplier();
   }
@@ -42,30 +42,20 @@ struct Weight {  // of a 32-bit sum: wide ones are split in two factors, eights 
 // ---- Sums, differences and multiples by powers of two in 16 bits ----
 
 template <class T, int L>
-  requires(sizeof(T) == 2)
-LANE_OP Reg<T, L> operator+(Reg<T, L> a, int b) {
-  return a + Reg<T, L>::splat(static_cast<T>(b));
-}
+requires(sizeof(T) == 2) LANE_OP Reg<T, L>
+operator+(Reg<T, L> a, int b) { return a + Reg<T, L>::splat(static_cast<T>(b)); }
 template <class T, int L>
-  requires(sizeof(T) == 2)
-LANE_OP Reg<T, L> operator-(Reg<T, L> a, int b) {
-  return a - Reg<T, L>::splat(static_cast<T>(b));
-}
+requires(sizeof(T) == 2) LANE_OP Reg<T, L>
+operator-(Reg<T, L> a, int b) { return a - Reg<T, L>::splat(static_cast<T>(b)); }
 template <class T, int L>
-  requires(sizeof(T) == 2)
-LANE_OP Reg<T, L> operator*(Reg<T, L> a, Pow2 n) {
-  return shiftLeft(a, n.log);
-}
+requires(sizeof(T) == 2) LANE_OP Reg<T, L>
+operator*(Reg<T, L> a, Pow2 n) { return shiftLeft(a, n.log); }
 
-constexpr Range operator+(Range a, Range b) {
-  return {a.low + b.low, a.high + b.high, a.least, a.most, a.fits && b.fits && a.most == b.most};
-}
-constexpr Range operator-(Range a, Range b) {
-  return {a.low - b.high, a.high - b.low, a.least, a.most, a.fits && b.fits && a.most == b.most};
-}
-constexpr Range operator+(Range a, int b) { return {a.low + b, a.high + b, a.least, a.most, a.fits}; }
+constexpr Range operator+(Range a, Range b) { return a.with(a.low + b.low, a.high + b.high, b); }
+constexpr Range operator-(Range a, Range b) { return a.with(a.low - b.high, a.high - b.low, b); }
+constexpr Range operator+(Range a, int b) { return a.with(a.low + b, a.high + b, a); }
 constexpr Range operator-(Range a, int b) { return a + -b; }
-constexpr Range operator*(Range a, Pow2 n) { return {a.low << n.log, a.high << n.log, a.least, a.most, a.fits}; }
+constexpr Range operator*(Range a, Pow2 n) { return a.with(a.low * (1 << n.log), a.high * (1 << n.log), a); }
 
 // ---- Floor division by a power of two ----
 
@@ -75,7 +65,7 @@ LANE_OP Reg<T, L> fl(Reg<T, L> a, Pow2 n) {
 }
 constexpr int fl(int a, Pow2 n) { return a >> n.log; }
 constexpr Range fl(Range a, Pow2 n) {
-  const Range result = a.through([&](int64_t v) { return v >> n.log; });
+  const Range result = a.require(!a.wideWeight || n.log == 16).through([&](int64_t v) { return v >> n.log; });
   return a.most == INT32_MAX ? result.signed16() : result;
 }
 
@@ -122,6 +112,9 @@ constexpr Range m9(Range x, Factor c) {
 }
 
 // ---- Exact sums of weighted samples in 32 bits: `weight * sample`, added up, then divided by fl ----
+//
+// Products are made two at a time by 16-bit factors. A wider weight is split into a multiple of 65536 and a 16-bit
+// rest; the multiple of the sample is added after the division, which then must be by 65536.
 
 template <int L, int N>
 struct WeightedSum {
@@ -146,10 +139,10 @@ LANE_OP WeightedSum<L, N> operator-(WeightedSum<L, N> sum, int b) {
 template <int L, int N>
 LANE_OP WeightedSum<L, N + 1> operator+(WeightedSum<L, N> sum, WeightedSum<L, 1> term) {
   WeightedSum<L, N + 1> result;
-  for (int i = 0; i < N; ++i) {
+  unrolled<N>([&](auto i) __attribute__((always_inline)) {
     result.sample[i] = sum.sample[i];
     result.weight[i] = sum.weight[i];
-  }
+  });
   result.sample[N] = term.sample[0];
   result.weight[N] = term.weight[0];
   result.bias = sum.bias + term.bias;
@@ -162,6 +155,9 @@ LANE_OP WeightedSum<L, N + 1> operator-(WeightedSum<L, N> sum, WeightedSum<L, 1>
   return sum + term;
 }
 
+constexpr int multipleOf65536(int w) { return (w + 32768) >> 16; }
+constexpr int restOf65536(int w) { return w - 65536 * multipleOf65536(w); }
+
 // Pixels of a 16-bit register as two of 32 bits.
 template <int L>
 struct Wide {
@@ -169,35 +165,42 @@ struct Wide {
 };
 template <int L>
 LANE_OP Wide<L> addProducts(Wide<L> sum, I16<L> x, int wx, I16<L> y, int wy) {
-  const auto weights = as<int16_t>(I32<L>::splat((wy << 16) | (wx & 0xFFFF)));
+  const auto weights = as<int16_t>(I32<L>::splat(static_cast<int>(static_cast<uint32_t>(wy) << 16 | (wx & 0xFFFF))));
   return {sum.low + pairSum(interleaveLow<2>(x, y), weights), sum.high + pairSum(interleaveHigh<2>(x, y), weights)};
 }
-// Terms from I on, two narrow ones to a multiplication; `waiting` is a narrow term without its partner.
-template <int I, int L, int N>
-LANE_OP Wide<L> addTerms(Wide<L> sum, const WeightedSum<L, N>& terms, int waiting) {
-  if constexpr (I == N) {
-    if (waiting < 0) return sum;
-    return addProducts(sum, terms.sample[waiting], terms.weight[waiting], I16<L>::splat(0), 0);
-  } else {
-    const I16<L> x = terms.sample[I];
-    const int w = terms.weight[I];
-    if (w < -32768 || w > 32767) {
-      return addTerms<I + 1>(addProducts(sum, shiftLeft(x, 3), w >> 3, x, w & 7), terms, waiting);
-    }
-    if (waiting < 0) return addTerms<I + 1>(sum, terms, I);
-    return addTerms<I + 1>(addProducts(sum, terms.sample[waiting], terms.weight[waiting], x, w), terms, -1);
-  }
+template <int L>
+LANE_OP I16<L> addMultiple(I16<L> sum, I16<L> x, int times) {
+  const int size = times < 0 ? -times : times;
+  unrolled<3>([&](auto bit) __attribute__((always_inline)) {
+    const I16<L> part = shiftLeft(x, bit);
+    if ((size >> bit & 1) != 0) sum = times < 0 ? sum - part : sum + part;
+  });
+  return sum;
 }
 template <int L, int N>
 LANE_OP I16<L> fl(const WeightedSum<L, N>& terms, Pow2 n) {
+  static_assert(N <= 4);
   const I32<L> bias = I32<L>::splat(terms.bias);
-  const Wide<L> sum = addTerms<0>(Wide<L>{bias, bias}, terms, -1);
-  return narrow(shiftRight(sum.low, n.log), shiftRight(sum.high, n.log));
+  Wide<L> sum = {bias, bias};
+  // The samples of a lone last term go with the first ones, which other sums of the form pair with them too.
+  unrolled<N / 2>([&](auto i) __attribute__((always_inline)) {
+    sum = addProducts(sum, terms.sample[2 * i], restOf65536(terms.weight[2 * i]), terms.sample[2 * i + 1],
+                      restOf65536(terms.weight[2 * i + 1]));
+  });
+  if constexpr (N % 2 == 1) {
+    sum = addProducts(sum, terms.sample[0], 0, terms.sample[N - 1], restOf65536(terms.weight[N - 1]));
+  }
+  I16<L> result = narrow(shiftRight(sum.low, n.log), shiftRight(sum.high, n.log));
+  unrolled<N>([&](auto i) __attribute__((always_inline)) {
+    result = addMultiple(result, terms.sample[i], multipleOf65536(terms.weight[i]));
+  });
+  return result;
 }
 
 constexpr Range operator*(Weight w, Range x) {
-  const bool wide = w.value < -32768 || w.value > 32767;
-  return x.require(!wide || x.within(-4096, 4095)).signed32().through([&](int64_t v) { return v * w.value; });
+  Range product = x.signed32().through([&](int64_t v) { return v * w.value; });
+  product.wideWeight = multipleOf65536(w.value) != 0;
+  return product;
 }
 
 // ---- Results: bytes that narrowing will saturate, or that need none ----

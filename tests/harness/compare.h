@@ -23,8 +23,6 @@ struct Images {
 
 class Rig {
  public:
-  explicit Rig(const Case& c) { prepare(c); }
-  Rig() = default;
   void prepare(const Case& c);  // lays out and fills both implementations' images
   void fillExpected() { fill(expected); }
   TolkStatus callTested(const tolk::Call& call) const { return function().invoke(case_.subject->tested, call); }

@@ -28,24 +28,21 @@ namespace harness {
 
 static void* handle = nullptr;
 
+[[noreturn]] static void fail(const std::string& message) {
+  std::fprintf(stderr, "%s\n", message.c_str());
+  std::exit(2);
+}
+
 void openLibrary() {
   const char* path = std::getenv("TOLK_LIBRARY");
-  if (!path || !*path) {
-    std::fprintf(stderr, "TOLK_LIBRARY must name the library file to test\n");
-    std::exit(2);
-  }
+  if (!path || !*path) fail("TOLK_LIBRARY must name the library file to test");
   // The table links this program with a library too: deep binding keeps the two apart.
   handle = dlopen(path, RTLD_NOW | RTLD_LOCAL | RTLD_DEEPBIND);
-  if (!handle) {
-    std::fprintf(stderr, "cannot load TOLK_LIBRARY: %s\n", dlerror());
-    std::exit(2);
-  }
+  if (!handle) fail(std::string("cannot load TOLK_LIBRARY: ") + dlerror());
   Dl_info found{};
   void* version = librarySymbol("tolkGetLibVersion");
-  if (!version || !dladdr(version, &found) || !std::filesystem::equivalent(found.dli_fname, path)) {
-    std::fprintf(stderr, "%s does not define tolkGetLibVersion itself\n", path);
-    std::exit(2);
-  }
+  if (!version || !dladdr(version, &found) || !std::filesystem::equivalent(found.dli_fname, path))
+    fail(std::string(path) + " does not define tolkGetLibVersion itself");
 }
 
 void* librarySymbol(const char* name) { return dlsym(handle, name); }
@@ -53,8 +50,11 @@ void* librarySymbol(const char* name) { return dlsym(handle, name); }
 const std::vector<Subject>& subjects() {
   static const std::vector<Subject> kSubjects = [] {
     std::vector<Subject> list;
-    for (const tolk::Function& function : tolk::referenceTable())
-      list.push_back({&function, librarySymbol(std::string(function.name).c_str()), function.linked});
+    for (const tolk::Function& function : tolk::referenceTable()) {
+      const std::string name(function.name);
+      list.push_back({&function, librarySymbol(name.c_str()), function.linked});
+      if (!list.back().tested) fail(name + " is not exported");
+    }
     return list;
   }();
   return kSubjects;
@@ -63,10 +63,7 @@ const std::vector<Subject>& subjects() {
 const Subject& subject(std::string_view name) {
   const auto found =
       std::find_if(subjects().begin(), subjects().end(), [&](const Subject& s) { return s.function->name == name; });
-  if (found == subjects().end()) {
-    std::fprintf(stderr, "%.*s is not in the table\n", static_cast<int>(name.size()), name.data());
-    std::exit(2);
-  }
+  if (found == subjects().end()) fail(std::string(name) + " is not in the table");
   return *found;
 }
 

@@ -12,7 +12,7 @@ namespace harness {
 
 struct Subject {
   const tolk::Function* function;
-  void* tested;  // null where the library does not export it
+  void* tested;
   void* expected;
 };
 
@@ -25,7 +25,7 @@ struct SideArguments {
 };
 SideArguments sideArguments(const tolk::Function& function, std::string_view name);
 
-// Loads the file that TOLK_LIBRARY names; ends the program with a message where that fails.
+// Loads the file that TOLK_LIBRARY names. A failure or a function that is missing ends the program with a message.
 void openLibrary();
 void* librarySymbol(const char* name);
 const std::vector<Subject>& subjects();

@@ -17,7 +17,6 @@ namespace tolk {
 
 namespace {
 
-constexpr size_t kLineWidth = 100;
 constexpr TolkSize kExample = {451, 300};
 
 bool matches(const std::string& pattern, std::string_view name) {
@@ -28,45 +27,26 @@ bool matches(const std::string& pattern, std::string_view name) {
   return std::search(name.begin(), name.end(), pattern.begin(), pattern.end(), same) != name.end();
 }
 
-// One paragraph or list item, its lines broken anew; a list item hangs under its first word.
-void printFilled(std::string_view text, size_t indent) {
-  const size_t hang = indent + (text.starts_with("- ") ? 2 : 0);
-  size_t column = indent;
-  std::cout << std::string(indent, ' ');
-  for (size_t at = 0; at < text.size();) {
-    const size_t end = std::min(text.find_first_of(" \n", at), text.size());
-    const std::string_view word = text.substr(at, end - at);
-    if (column > hang && column + 1 + word.size() > kLineWidth) {
-      std::cout << '\n' << std::string(hang, ' ');
-      column = hang;
-    } else if (at > 0) {
-      std::cout << ' ';
-      ++column;
-    }
-    std::cout << word;
-    column += word.size();
-    at = std::min(text.find_first_not_of(" \n", end), text.size());
-  }
-  std::cout << '\n';
-}
-
-void printText(std::string_view text, size_t indent) {
+void printIndented(std::string_view text) {
   while (!text.empty()) {
-    const size_t end = std::min({text.find("\n\n"), text.find("\n- "), text.size()});
-    printFilled(text.substr(0, end), indent);
-    text.remove_prefix(end);
-    if (text.starts_with("\n\n")) std::cout << '\n';
-    text.remove_prefix(std::min(text.find_first_not_of('\n'), text.size()));
+    const size_t end = std::min(text.find('\n'), text.size());
+    std::cout << (end > 0 ? "  " : "") << text.substr(0, end) << '\n';
+    text.remove_prefix(std::min(end + 1, text.size()));
   }
 }
 
-void printSide(const char* title, const SideInfo& side) {
-  std::cout << "  " << std::left << std::setw(13) << title << label(side) << ", from or to "
-            << (servesImages(side) ? "an image file or raw bytes" : "raw bytes") << '\n'
-            << std::string(15, ' ') << "planes of " << kExample.width << "x" << kExample.height
-            << " pixels, in bytes by rows:";
-  for (const PlaneShape& shape : planeShapes(side, kExample)) std::cout << "  " << shape.rowBytes << "x" << shape.rows;
-  std::cout << '\n';
+void printItem(std::string_view title, std::string_view value) {
+  std::cout << "  " << std::left << std::setw(13) << title << value << '\n';
+}
+
+void printSide(std::string_view title, const SideInfo& side) {
+  printItem(title, label(side) + (servesImages(side) ? ", an image file or raw bytes" : ", raw bytes"));
+  std::string planes;
+  for (const PlaneShape& shape : planeShapes(side, kExample)) {
+    planes += (planes.empty() ? "" : ", ") + std::to_string(shape.rowBytes) + " bytes x " + std::to_string(shape.rows);
+  }
+  printItem("", "planes of " + std::to_string(kExample.width) + "x" + std::to_string(kExample.height) +
+                    " pixels: " + planes + " rows");
 }
 
 }  // namespace
@@ -85,18 +65,17 @@ void listFunctions(const std::string& pattern) {
 void showFunction(const std::string& name) {
   const Function& function = requireFunction(name);
   std::cout << function.name << '\n';
-  printText(function.text, 2);
+  printIndented(function.text);
   std::cout << '\n';
-  const char* title = "arguments";
+  std::string_view title = "arguments";
   for (const Parameter& parameter : function.parameters) {
-    std::cout << "  " << std::left << std::setw(13) << title << parameter.type
-              << (parameter.type.ends_with('*') ? "" : " ") << parameter.name << '\n';
+    printItem(title, std::string(parameter.type) + " " + std::string(parameter.name));
     title = "";
   }
   printSide(function.inPlace ? "in place" : "source", function.src);
   if (!function.inPlace) printSide("destination", function.dst);
   std::cout << '\n' << function.family << "\n\n";
-  printText(function.familyText, 2);
+  printIndented(function.familyText);
 }
 
 void showVersion() {

@@ -8,19 +8,18 @@
 
 namespace {
 
-constexpr char kRunText[] =
-    "Convert IN to OUT with one function.\n\n"
-    "RGB, BGR and gray sides take image files (png, jpg, ppm, pgm, pnm), by the file's extension. Every other name is\n"
-    "raw bytes: the planes of the side one after another without padding. A raw IN needs --size. The name - is raw\n"
-    "standard input or output.\n\n"
-    "Channels are swapped or split as the side wants them. A gray picture goes into all three channels, a missing "
-    "alpha\n"
-    "is opaque, a superfluous one is dropped. The destination starts as zero, for functions that leave some of it as "
-    "it\n"
-    "was. JPEG files are written at quality 95 without chroma subsampling.\n\n"
-    "Exit status: 0 also for a warning (a positive status: the result is written), unless --strict; not 0 for an "
-    "error,\n"
-    "and then OUT is as it was.";
+constexpr char kRunText[] = R"(
+RGB, BGR and gray sides take image files (png, jpg, ppm, pgm, pnm), by the file's extension. Every
+other name is raw bytes: the planes of the side one after another without padding. A raw IN needs
+--size. The name - is raw standard input or output.
+
+Channels are swapped or split as the side wants them. A gray picture goes into all three channels,
+a missing alpha is opaque, a superfluous one is dropped. The destination starts as zero, for
+functions that leave some of it as it was. JPEG files are written at quality 95 without chroma
+subsampling.
+
+Exit status: 0 also for a warning (a positive status: the result is written), unless --strict; not 0
+for an error, and then OUT is as it was.)";
 
 void addCatalogueCommands(CLI::App& app, std::string& name) {
   auto* list = app.add_subcommand("list", "List functions with layouts and sample types");
@@ -35,7 +34,7 @@ void addCatalogueCommands(CLI::App& app, std::string& name) {
 }
 
 void addRunCommand(CLI::App& app, tolk::RunOptions& options) {
-  auto* run = app.add_subcommand("run", kRunText);
+  auto* run = app.add_subcommand("run", "Convert a picture or raw bytes with one function")->footer(kRunText);
   run->add_option("FUNCTION", options.function, "a name that list shows")->required();
   run->add_option("IN", options.in, "the source: an image file or raw bytes")->required();
   run->add_option("OUT", options.out, "the destination: an image file or raw bytes")->required();
