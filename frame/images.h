@@ -41,10 +41,11 @@ struct PackedRow {
     });
     return memory;
   }
-  LANE_OP Registers<T, 1, Layout::kStride> someRegisters(ptrdiff_t x, ptrdiff_t pixels) const {
-    Registers<T, 1, Layout::kStride> memory;
+  template <int L>
+  LANE_OP Registers<T, L, Layout::kStride> someRegisters(ptrdiff_t x, ptrdiff_t pixels) const {
+    Registers<T, L, Layout::kStride> memory;
     unrolled<Layout::kStride>([&](auto k) __attribute__((always_inline)) {
-      memory[k] = loadBytes<T>(at(x) + 16 * k, pixels * kPixelBytes - 16 * k);
+      memory[k] = loadBytes<kLaneBytes, T, L>(at(x) + 16 * k, pixels * kPixelBytes - 16 * k);
     });
     return memory;
   }
@@ -65,8 +66,9 @@ struct PackedSource {
     LANE_OP auto load(ptrdiff_t x) const {
       return unpackPixels<Layout>(this->template registers<L>(x));
     }
+    template <int L>
     LANE_OP auto loadSome(ptrdiff_t x, ptrdiff_t pixels) const {
-      return unpackPixels<Layout>(this->someRegisters(x, pixels));
+      return unpackPixels<Layout>(this->template someRegisters<L>(x, pixels));
     }
     auto loadPixel(ptrdiff_t x) const {
       std::array<T, Layout::kChannels> pixel;
@@ -93,10 +95,11 @@ struct PackedTarget {
         storeLanes<Row::kLaneBytes>(this->at(x) + 16 * k, memory[k]);
       });
     }
-    LANE_OP void storeSome(ptrdiff_t x, ptrdiff_t pixels, const Registers<T, 1, Layout::kChannels>& channel) const {
-      const auto memory = packed<1>(channel, [&] { return this->someRegisters(x, pixels); });
+    template <int L>
+    LANE_OP void storeSome(ptrdiff_t x, ptrdiff_t pixels, const Registers<T, L, Layout::kChannels>& channel) const {
+      const auto memory = packed<L>(channel, [&] { return this->template someRegisters<L>(x, pixels); });
       unrolled<Layout::kStride>([&](auto k) __attribute__((always_inline)) {
-        storeBytes(this->at(x) + 16 * k, memory[k], pixels * Row::kPixelBytes - 16 * k);
+        storeBytes<Row::kLaneBytes>(this->at(x) + 16 * k, memory[k], pixels * Row::kPixelBytes - 16 * k);
       });
     }
     void storePixel(ptrdiff_t x, const auto& pixel) const {
@@ -155,10 +158,11 @@ struct PlanarImage {
       unrolled<C>([&](auto c) __attribute__((always_inline)) { channel[c] = loadLanes<16, T, L>(at(x, c)); });
       return channel;
     }
-    LANE_OP Registers<T, 1, C> loadSome(ptrdiff_t x, ptrdiff_t pixels) const {
-      Registers<T, 1, C> channel;
+    template <int L>
+    LANE_OP Registers<T, L, C> loadSome(ptrdiff_t x, ptrdiff_t pixels) const {
+      Registers<T, L, C> channel;
       unrolled<C>([&](auto c) __attribute__((always_inline)) {
-        channel[c] = loadBytes<T>(at(x, c), pixels * ptrdiff_t{sizeof(T)});
+        channel[c] = loadBytes<16, T, L>(at(x, c), pixels * ptrdiff_t{sizeof(T)});
       });
       return channel;
     }
@@ -171,9 +175,10 @@ struct PlanarImage {
     LANE_OP void store(ptrdiff_t x, const Registers<T, L, C>& channel) const {
       unrolled<C>([&](auto c) __attribute__((always_inline)) { storeLanes<16>(at(x, c), channel[c]); });
     }
-    LANE_OP void storeSome(ptrdiff_t x, ptrdiff_t pixels, const Registers<T, 1, C>& channel) const {
+    template <int L>
+    LANE_OP void storeSome(ptrdiff_t x, ptrdiff_t pixels, const Registers<T, L, C>& channel) const {
       unrolled<C>([&](auto c) __attribute__((always_inline)) {
-        storeBytes(at(x, c), channel[c], pixels * ptrdiff_t{sizeof(T)});
+        storeBytes<16>(at(x, c), channel[c], pixels * ptrdiff_t{sizeof(T)});
       });
     }
     void storePixel(ptrdiff_t x, const auto& pixel) const {

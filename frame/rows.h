@@ -55,8 +55,8 @@ LANE_OP auto applyForm(Form form, const std::array<Reg<T, L>, C>& channel) {
 }
 
 // The tail after blocks of 8 or fewer lies in one half of a lane of bytes; that half's result is given in both.
-template <int N, class Form, class T, size_t C>
-LANE_OP auto applyTailForm(Form form, const std::array<Reg<T, 1>, C>& channel, ptrdiff_t end) {
+template <int N, class Form, class T, int L, size_t C>
+LANE_OP auto applyTailForm(Form form, const std::array<Reg<T, L>, C>& channel, ptrdiff_t end) {
   if constexpr (sizeof(T) > 1 || N > 8) {
     return applyForm(form, channel);
   } else {
@@ -64,7 +64,7 @@ LANE_OP auto applyTailForm(Form form, const std::array<Reg<T, 1>, C>& channel, p
       return form((end & 8 ? widenHigh(channel[I]) : widenLow(channel[I]))...);
     }
     (std::make_index_sequence<C>{});
-    Registers<T, 1, std::tuple_size_v<decltype(half)>> result;
+    Registers<T, L, std::tuple_size_v<decltype(half)>> result;
     unrolled<result.size()>([&](auto c) __attribute__((always_inline)) { result[c] = narrow(half[c], half[c]); });
     return result;
   }
@@ -99,24 +99,27 @@ LANE_OP void convertRow(ptrdiff_t y, ptrdiff_t width, ptrdiff_t end, const Sourc
     convertPixels(block.form, src, blockDst, 0, end);
     convertPixels(tail.form, src, tailDst, end, width);
   } else {
-    constexpr ptrdiff_t kLane = kLanePixels<Sample>;
-    for (ptrdiff_t x = convertVectors(block.form, src, blockDst, 0, end); x < width; x += kLane) {
-      const ptrdiff_t pixels = std::min(width - x, kLane), blocks = end - x;
-      const auto samples = src.loadSome(x, pixels);
+    // A vector that both forms share has one target: where they have two, a vector is one lane, all block or all tail.
+    constexpr bool kOneTarget = std::is_same_v<decltype(blockDst), decltype(tailDst)>;
+    constexpr int L = kOneTarget ? kLanes : 1;
+    constexpr ptrdiff_t kStep = L * kLanePixels<Sample>;
+    static_assert(kOneTarget || BlockRule::kBlock % kStep == 0);
+    for (ptrdiff_t x = convertVectors(block.form, src, blockDst, 0, end); x < width; x += kStep) {
+      const ptrdiff_t pixels = std::min(width - x, kStep), blocks = end - x;
+      const auto samples = src.template loadSome<L>(x, pixels);
       auto result = decltype(applyForm(block.form, samples)){};
       if (blocks > 0) result = applyForm(block.form, samples);
       if (blocks < pixels) {
-        const auto mask = firstSamples<Sample>(std::max(blocks, ptrdiff_t{0}));
+        const auto mask = firstSamples<Sample, L>(std::max(blocks, ptrdiff_t{0}));
         const auto tailResult = applyTailForm<BlockRule::kBlock>(tail.form, samples, end);
         unrolled<result.size()>([&](auto c) __attribute__((always_inline)) {
           result[c] = choose(mask, result[c], tailResult[c]);
         });
       }
-      if constexpr (std::is_same_v<decltype(blockDst), decltype(tailDst)>) {
-        blockDst.storeSome(x, pixels, result);
+      if (kOneTarget || blocks > 0) {
+        blockDst.template storeSome<L>(x, pixels, result);
       } else {
-        static_assert(BlockRule::kBlock % kLane == 0, "a lane that both forms share has one target");
-        blocks > 0 ? blockDst.storeSome(x, pixels, result) : tailDst.storeSome(x, pixels, result);
+        tailDst.template storeSome<L>(x, pixels, result);
       }
     }
   }

@@ -257,8 +257,15 @@ alignas(16) inline constexpr int8_t kSlide[48] = {-1, -1, -1, -1, -1, -1, -1, -1
                                                   0,  1,  2,  3,  4,  5,  6,  7,  8,  9,  10, 11, 12, 13, 14, 15,
                                                   -1, -1, -1, -1, -1, -1, -1, -1, -1, -1, -1, -1, -1, -1, -1, -1};
 
-// Sixteen bytes from kMasks + 16 - n: n set ones, then clear ones.
-alignas(16) inline constexpr int8_t kMasks[32] = {-1, -1, -1, -1, -1, -1, -1, -1, -1, -1, -1, -1, -1, -1, -1, -1};
+// The bytes from kMasks + 32 - n: n set ones, then clear ones.
+struct Masks {
+  alignas(32) int8_t at[64];
+};
+inline constexpr Masks kMasks = [] {
+  Masks masks{};
+  for (int i = 0; i < 32; ++i) masks.at[i] = -1;
+  return masks;
+}();
 
 template <class Word>
 LANE_OP uint64_t loadWord(const uint8_t* p) {
@@ -273,16 +280,15 @@ LANE_OP void storeWord(uint8_t* p, uint64_t value) {
 }
 }  // namespace detail
 
+namespace detail {
 // The first n bytes of a lane (all of it from 16 on, none below 1), by two overlapping accesses inside them.
-template <class T>
-LANE_OP Reg<T, 1> loadBytes(const uint8_t* p, ptrdiff_t n) {
-  using namespace detail;
-  if (n >= 16) return loadLanes<16, T, 1>(p);
+LANE_OP __m128i loadLane(const uint8_t* p, ptrdiff_t n) {
+  if (n >= 16) return _mm_loadu_si128(reinterpret_cast<const __m128i*>(p));
   if (n >= 8) {
     const __m128i low = _mm_loadl_epi64(reinterpret_cast<const __m128i*>(p));
     const __m128i high = _mm_loadl_epi64(reinterpret_cast<const __m128i*>(p + n - 8));
     const __m128i up = _mm_loadu_si128(reinterpret_cast<const __m128i*>(kSlide + 16 - (n - 8)));
-    return Reg<T, 1>(_mm_or_si128(low, _mm_shuffle_epi8(high, up)));
+    return _mm_or_si128(low, _mm_shuffle_epi8(high, up));
   }
   uint64_t word = 0;
   if (n >= 4) {
@@ -292,19 +298,17 @@ LANE_OP Reg<T, 1> loadBytes(const uint8_t* p, ptrdiff_t n) {
   } else if (n == 1) {
     word = *p;
   }
-  return Reg<T, 1>(_mm_cvtsi64_si128(static_cast<long long>(word)));
+  return _mm_cvtsi64_si128(static_cast<long long>(word));
 }
-template <class T>
-LANE_OP void storeBytes(uint8_t* p, Reg<T, 1> a, ptrdiff_t n) {
-  using namespace detail;
-  if (n >= 16) return storeLanes<16>(p, a);
+LANE_OP void storeLane(uint8_t* p, __m128i lane, ptrdiff_t n) {
+  if (n >= 16) return _mm_storeu_si128(reinterpret_cast<__m128i*>(p), lane);
   if (n >= 8) {
     const __m128i down = _mm_loadu_si128(reinterpret_cast<const __m128i*>(kSlide + 16 + (n - 8)));
-    _mm_storel_epi64(reinterpret_cast<__m128i*>(p), a.bits());
-    _mm_storel_epi64(reinterpret_cast<__m128i*>(p + n - 8), _mm_shuffle_epi8(a.bits(), down));
+    _mm_storel_epi64(reinterpret_cast<__m128i*>(p), lane);
+    _mm_storel_epi64(reinterpret_cast<__m128i*>(p + n - 8), _mm_shuffle_epi8(lane, down));
     return;
   }
-  const uint64_t word = static_cast<uint64_t>(_mm_cvtsi128_si64(a.bits()));
+  const uint64_t word = static_cast<uint64_t>(_mm_cvtsi128_si64(lane));
   if (n >= 4) {
     storeWord<uint32_t>(p, word);
     storeWord<uint32_t>(p + n - 4, word >> 8 * (n - 4));
@@ -315,11 +319,31 @@ LANE_OP void storeBytes(uint8_t* p, Reg<T, 1> a, ptrdiff_t n) {
     *p = static_cast<uint8_t>(word);
   }
 }
+}  // namespace detail
 
-// The bytes of the first n samples of a lane, as a mask.
-template <class T>
-LANE_OP Reg<T, 1> firstSamples(ptrdiff_t n) {
-  return loadLanes<16, T, 1>(detail::kMasks + 16 - n * ptrdiff_t{sizeof(T)});
+// As loadLanes and storeLanes, but no byte at or past p + n is touched; lanes beyond are 0.
+template <int Stride, class T, int L>
+LANE_OP Reg<T, L> loadBytes(const uint8_t* p, ptrdiff_t n) {
+  if constexpr (L == 1) {
+    return Reg<T, 1>(detail::loadLane(p, n));
+  } else {
+    return Reg<T, 2>(_mm256_set_m128i(detail::loadLane(p + Stride, n - Stride), detail::loadLane(p, n)));
+  }
+}
+template <int Stride, class T, int L>
+LANE_OP void storeBytes(uint8_t* p, Reg<T, L> a, ptrdiff_t n) {
+  if constexpr (L == 1) {
+    detail::storeLane(p, a.bits(), n);
+  } else {
+    detail::storeLane(p, _mm256_castsi256_si128(a.bits()), n);
+    detail::storeLane(p + Stride, _mm256_extracti128_si256(a.bits(), 1), n - Stride);
+  }
+}
+
+// The bytes of the first n samples of a register, as a mask.
+template <class T, int L>
+LANE_OP Reg<T, L> firstSamples(ptrdiff_t n) {
+  return loadLanes<16, T, L>(detail::kMasks.at + 32 - n * ptrdiff_t{sizeof(T)});
 }
 // a where the mask is set, else b.
 template <class T, int L>
