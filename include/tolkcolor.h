@@ -10,9 +10,9 @@
  * written. Source and destination must not overlap, except in the in-place (I) forms.
  *
  * Names. tolk<From>To<To>[_variant]_<sample types>_<layouts>: colour spaces name their samples in memory order (BGR has
- * blue first). Layouts: C3 three interleaved channels; C4 four, the fourth computed, copied or set; AC4 four, the fourth
- * an alpha position that the operation does not compute; P2 luma and interleaved chroma planes; P3 three planes. Two
- * joined layouts are source then destination. R: works on a region with steps.
+ * blue first). Layouts: C3 three interleaved channels; C4 four, the fourth computed, copied or set; AC4 four, the
+ * fourth an alpha position that the operation does not compute; P2 luma and interleaved chroma planes; P3 three planes.
+ * Two joined layouts are source then destination. R: works on a region with steps.
  *
  * Blocks and tails. Where a family gives two formulas, columns below `width & ~(N - 1)` of every row use the block
  * formula and the rest the tail formula. Both are part of the definition: a sample may depend on its column.
@@ -38,19 +38,19 @@ extern "C" {
  * warning (the work was done as the family defines it). */
 typedef enum TolkStatus {
   tolkStatusOk = 0,
-  tolkStatusNotProcessed = 1,       /**< warning: nothing was computed (tone mapping) */
-  tolkStatusOddSize = 35,           /**< warning: not a whole number of chroma groups; the whole groups were converted */
-  tolkStatusBadEnum = -5,           /**< an enumeration argument is out of range */
-  tolkStatusBadSize = -6,           /**< width or height is out of range */
-  tolkStatusNullPointer = -8,       /**< a required pointer is null */
-  tolkStatusContextMismatch = -13,  /**< a generator state carries a wrong tag */
-  tolkStatusBadStep = -16,          /**< a row step is out of range */
-  tolkStatusBadChannelType = -47,   /**< channel-layout code not accepted by the buffer-size query */
-  tolkStatusGammaRange = -49,       /**< vMax is not above vMin */
-  tolkStatusBadLevels = -54,        /**< reduction level count out of range */
-  tolkStatusBadNoise = -55,         /**< noise percentage out of range */
-  tolkStatusBadDitherType = -224,   /**< dither type out of range */
-  tolkStatusSizeOverflow = -232     /**< a 64-bit dimension exceeds what the call can process */
+  tolkStatusNotProcessed = 1,      /**< warning: nothing was computed (tone mapping) */
+  tolkStatusOddSize = 35,          /**< warning: not a whole number of chroma groups; the whole groups were converted */
+  tolkStatusBadEnum = -5,          /**< an enumeration argument is out of range */
+  tolkStatusBadSize = -6,          /**< width or height is out of range */
+  tolkStatusNullPointer = -8,      /**< a required pointer is null */
+  tolkStatusContextMismatch = -13, /**< a generator state carries a wrong tag */
+  tolkStatusBadStep = -16,         /**< a row step is out of range */
+  tolkStatusBadChannelType = -47,  /**< channel-layout code not accepted by the buffer-size query */
+  tolkStatusGammaRange = -49,      /**< vMax is not above vMin */
+  tolkStatusBadLevels = -54,       /**< reduction level count out of range */
+  tolkStatusBadNoise = -55,        /**< noise percentage out of range */
+  tolkStatusBadDitherType = -224,  /**< dither type out of range */
+  tolkStatusSizeOverflow = -232    /**< a 64-bit dimension exceeds what the call can process */
 } TolkStatus;
 
 /** Region size in pixels; subsampled layouts count luma pixels. */
@@ -104,14 +104,16 @@ TOLK_API const TolkLibraryVersion* tolkGetLibVersion(void);
  *   G = (76282 Y - 25689 (Cb - 128) - 53279 (Cr - 128) - 1187744) / 65536,
  *   B = (76282 Y + 132184 (Cb - 128) - 1187744) / 65536
  * - inverse U: inverse T with 76284, 104595, 25690, 53281, 132186 and 1187776; inverse N: inverse U with 1220544
- * - inverse 709, with y = h(Yb, 9535): R = (y + h(Crb, 14688) + 8) / 16, B = (y + h(Cbb, 17326) + 8) / 16 and, in P3C3R,
- *   G = (y + h(Cbb, -1745) + h(Crb, -4375) + 8) / 16 or, in P3C4R, G = (y - h(Cbb, 1745) - h(Crb, 4375) + 8) / 16
+ * - inverse 709, with y = h(Yb, 9535): R = (y + h(Crb, 14688) + 8) / 16, B = (y + h(Cbb, 17326) + 8) / 16 and,
+ *   in P3C3R, G = (y + h(Cbb, -1745) + h(Crb, -4375) + 8) / 16 or,
+ *   in P3C4R, G = (y - h(Cbb, 1745) - h(Crb, 4375) + 8) / 16
  *
  * A round trip need not give the source back. Planes are in the order of the name (dst[0] is Y, src[0] is R or Y); all
  * planes of a side share one step. Any width and height from 1. Steps are not tested.
  *
- * Returns tolkStatusOk; tolkStatusNullPointer for a null pointer, pointer array or plane; tolkStatusBadSize for a width or
- * height under 1. Pointers are tested first, then the size; where a function says so, planes are tested after the size.
+ * Returns tolkStatusOk; tolkStatusNullPointer for a null pointer, pointer array or plane; tolkStatusBadSize for a width
+ * or height under 1. Pointers are tested first, then the size; where a function says so, planes are tested after the
+ * size.
  */
 /** Forward A in `width & ~15` columns, then forward T. */
 TOLK_API TolkStatus tolkRGBToYCbCr_8u_C3R(const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
@@ -124,8 +126,8 @@ TOLK_API TolkStatus tolkRGBToYCbCr_8u_AC4R(const uint8_t* src, int32_t srcStep, 
 TOLK_API TolkStatus tolkRGBToYCbCr_8u_C3P3R(const uint8_t* src, int32_t srcStep, uint8_t* const dst[3], int32_t dstStep,
                                             TolkSize roi);
 /** Forward B in `width & ~7` columns, then forward T. The source's fourth byte is not used. */
-TOLK_API TolkStatus tolkRGBToYCbCr_8u_AC4P3R(const uint8_t* src, int32_t srcStep, uint8_t* const dst[3], int32_t dstStep,
-                                             TolkSize roi);
+TOLK_API TolkStatus tolkRGBToYCbCr_8u_AC4P3R(const uint8_t* src, int32_t srcStep, uint8_t* const dst[3],
+                                             int32_t dstStep, TolkSize roi);
 /** Forward B in `width & ~15` columns, then forward T. Planes are tested after the size. */
 TOLK_API TolkStatus tolkRGBToYCbCr_8u_P3R(const uint8_t* const src[3], int32_t srcStep, uint8_t* const dst[3],
                                           int32_t dstStep, TolkSize roi);

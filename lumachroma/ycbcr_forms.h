@@ -109,19 +109,19 @@ struct InverseT {
 };
 static_assert(fitsLanes<InverseT>(kByte, kByte, kByte));
 
-// The coefficients are those of inverse T plus 2 (in G, plus 1 and 2); rounded or cut by the bias.
-template <int kBias>
-struct InverseWithBias {
+// Inverse T with slightly larger coefficients; U is rounded, N cut.
+template <int kHalf>
+struct InverseWithHalf {
   LANE_OP constexpr auto operator()(auto Y, auto Cb, auto Cr) const {
-    auto Cbc = Cb - 128, Crc = Cr - 128;
-    auto R = clamp8(fl(76284 * Y + 104595 * Crc - kBias, 65536));
-    auto G = clamp8(fl(76284 * Y - 25690 * Cbc - 53281 * Crc - kBias, 65536));
-    auto B = clamp8(fl(76284 * Y + 132186 * Cbc - kBias, 65536));
+    auto Yc = Y - 16, Cbc = Cb - 128, Crc = Cr - 128;
+    auto R = clamp8(fl(76284 * Yc + 104595 * Crc + kHalf, 65536));
+    auto G = clamp8(fl(76284 * Yc - 25690 * Cbc - 53281 * Crc + kHalf, 65536));
+    auto B = clamp8(fl(76284 * Yc + 132186 * Cbc + kHalf, 65536));
     return std::array{R, G, B};
   }
 };
-using InverseU = InverseWithBias<76284 * 16 - 32768>;
-using InverseN = InverseWithBias<76284 * 16>;
+using InverseU = InverseWithHalf<32768>;
+using InverseN = InverseWithHalf<0>;
 static_assert(fitsLanes<InverseU>(kByte, kByte, kByte) && fitsLanes<InverseN>(kByte, kByte, kByte));
 
 }  // namespace tolk

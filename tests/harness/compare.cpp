@@ -4,6 +4,8 @@
 #include <signal.h>
 #include <unistd.h>
 
+#include <algorithm>
+#include <cstdio>
 #include <cstring>
 
 namespace harness {
@@ -41,8 +43,9 @@ static std::string place(const Plane& plane, const uint8_t* byte, int64_t sample
     const int64_t offset = distance - y * plane.step;
     if (offset >= 0 && offset < plane.shape.rowBytes) {
       const int64_t sample = offset / sampleBytes;
+      const std::string byteOfSample = sampleBytes > 1 ? " byte " + std::to_string(offset % sampleBytes) : "";
       return " x " + std::to_string(sample / plane.shape.channels) + " y " + std::to_string(y) + " channel " +
-             std::to_string(sample % plane.shape.channels);
+             std::to_string(sample % plane.shape.channels) + byteOfSample;
     }
     const int64_t away = offset < 0 ? -offset : offset - plane.shape.rowBytes + 1;
     if (away < best) best = away, nearest = y;

@@ -1,5 +1,5 @@
 // Every function against the reference over widths, heights, steps, alignments and contents.
-#include <tuple>
+#include <utility>
 
 #include "sweeps/all_functions.h"
 
