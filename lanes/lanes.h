@@ -108,11 +108,11 @@ LANE_OP F32<L> operator*(F32<L> a, F32<L> b) {
 }
 template <class T, int L>
 LANE_OP Reg<T, L> operator|(Reg<T, L> a, Reg<T, L> b) {
-  return Reg<T, L>::of(a.v | b.v);
+  return as<T>(U8<L>::of(as<uint8_t>(a).v | as<uint8_t>(b).v));
 }
 template <class T, int L>
 LANE_OP Reg<T, L> operator&(Reg<T, L> a, Reg<T, L> b) {
-  return Reg<T, L>::of(a.v & b.v);
+  return as<T>(U8<L>::of(as<uint8_t>(a).v & as<uint8_t>(b).v));
 }
 template <class T, int L>
 LANE_OP Reg<T, L> shiftLeft(Reg<T, L> a, int n) {
@@ -348,7 +348,8 @@ LANE_OP Reg<T, L> firstSamples(ptrdiff_t n) {
 // a where the mask is set, else b.
 template <class T, int L>
 LANE_OP Reg<T, L> choose(Reg<T, L> mask, Reg<T, L> a, Reg<T, L> b) {
-  return Reg<T, L>::of((a.v & mask.v) | (b.v & ~mask.v));
+  const U8<L> m = as<uint8_t>(mask);
+  return (a & mask) | (b & as<T>(U8<L>::of(~m.v)));
 }
 
 #undef BY_WIDTH

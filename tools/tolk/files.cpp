@@ -5,6 +5,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
@@ -49,13 +50,16 @@ bool writeAll(int descriptor, std::span<const uint8_t> bytes) {
 }
 
 void replaceFile(const std::string& path, std::span<const uint8_t> bytes) {
-  std::string temporary = path + ".XXXXXX";
+  std::error_code unresolved;
+  std::string target = std::filesystem::weakly_canonical(path, unresolved).string();  // keeps a symbolic link
+  if (unresolved) target = path;
+  std::string temporary = target + ".XXXXXX";
   Descriptor file(::mkstemp(temporary.data()));
   if (file.get() < 0) failWithErrno("cannot write " + path);
   const mode_t mask = ::umask(0);
   ::umask(mask);
   if (writeAll(file.get(), bytes) && ::fchmod(file.get(), 0666 & ~mask) == 0 && file.close() &&
-      ::rename(temporary.c_str(), path.c_str()) == 0) {
+      ::rename(temporary.c_str(), target.c_str()) == 0) {
     return;
   }
   const int error = errno;
@@ -93,13 +97,12 @@ Bytes readFile(const std::string& path) {
 void writeFile(const std::string& path, std::span<const uint8_t> bytes) {
   if (path == kStandardStream) return writeInto("standard output", ::dup(STDOUT_FILENO), bytes);
   std::error_code ignored;
-  const std::filesystem::path target = std::filesystem::weakly_canonical(path, ignored);  // replaces no symbolic link
   const auto kind = std::filesystem::status(path, ignored).type();
   using enum std::filesystem::file_type;
   if (kind == character || kind == fifo || kind == block || kind == socket) {
     return writeInto(path, ::open(path.c_str(), O_WRONLY | O_CLOEXEC), bytes);
   }
-  replaceFile(target.empty() ? path : target.string(), bytes);
+  replaceFile(path, bytes);
 }
 
 }  // namespace tolk

@@ -98,6 +98,11 @@ same stream.raw rgb.raw
 ln -s kept.raw link.raw
 say 0 "" run "$toPlanes" six.ppm link.raw
 same kept.raw a.yuv
+mkfifo pipe
+timeout 10 cat pipe >piped.raw &
+say 0 "" run "$toPlanes" six.ppm pipe
+wait $!
+same piped.raw a.yuv
 
 # Pictures
 say 0 "" panel all.png six.ppm two.ppm deep.ppm gray.pgm --gap 1
@@ -121,6 +126,7 @@ say 1 "of 16 bits" compare deep.ppm <(printf 'P6\n1 1\n255\n123')
 # Errors: none leaves anything behind
 echo before >out.raw
 echo before >out.png
+mkdir folder
 ls >files
 head -c 60 all.png >cut.png
 head -c 300 all.jpg >cut.jpg
@@ -150,14 +156,15 @@ say 1 "six.ppm is an image file, but $fromPlanes takes YCbCr P3 8u" run "$fromPl
 say 1 "cannot hold 8-bit RGB and alpha" run tolkYCbCrToRGB_8u_P3C4R a.yuv out.jpg --size 3x2
 say 1 "cannot hold 8-bit RGB" run "$fromPlanes" a.yuv out.pgm --size 3x2
 say 1 "cannot write none/out.raw: No such file" run "$toPlanes" six.ppm none/out.raw
-say 1 "cannot write /dev/full: No space" run "$toPlanes" six.ppm /dev/full
+say 1 "cannot write folder: Is a directory" run "$toPlanes" six.ppm folder
 say 1 "names no image format" panel out.tiff six.ppm
 say 1 "$toPlanes returned tolkStatusBadSize (-6): width or height" run "$toPlanes" nothing.raw out.raw --size 0x4
 rm cut.png cut.jpg
-checks=$((checks + 3))
+checks=$((checks + 4))
 [[ $(cat out.raw out.png) == $'before\nbefore' ]] || fail "an error changed a file"
 [[ $(ls) == "$(cat files)" ]] || fail "an error left a file: $(ls)"
-"$tool" list >/dev/full 2>&1 && fail "a full standard output is no error"
+"$tool" list >/dev/full 2>&1 && fail "a full standard output is no error of list"
+"$tool" run "$toPlanes" six.ppm - >/dev/full 2>&1 && fail "a full standard output is no error of run"
 
 export LD_PRELOAD=$odd_size
 say 0 "returned tolkStatusOddSize (35)" run "$toPacked" gray.pgm odd.raw
