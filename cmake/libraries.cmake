@@ -1,6 +1,8 @@
 # The library, once per processor class: same sources, other flags. The system's loader picks the class.
 set(TOLK_SOURCES
     frame/version.cpp
+    lumachroma/decoders_420.cpp
+    lumachroma/decoders_422.cpp
     lumachroma/ycbcr.cpp)
 
 set(TOLK_WARNINGS -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wno-sign-conversion -Wno-psabi)

@@ -109,7 +109,7 @@ LANE_OP void convertRow(ptrdiff_t y, ptrdiff_t width, ptrdiff_t end, const Sourc
       const auto samples = src.template loadSome<L>(x, pixels);
       auto result = decltype(applyForm(block.form, samples)){};
       if (blocks > 0) result = applyForm(block.form, samples);
-      if (blocks < pixels) {
+      if (BlockRule::kBlock > 1 && blocks < pixels) {
         const auto mask = firstSamples<Sample, L>(std::max(blocks, ptrdiff_t{0}));
         const auto tailResult = applyTailForm<BlockRule::kBlock>(tail.form, samples, end);
         unrolled<result.size()>([&](auto c) __attribute__((always_inline)) {

@@ -159,6 +159,177 @@ TOLK_API TolkStatus tolkYCbCrToBGR_709CSC_8u_P3C3R(const uint8_t* const src[3], 
 TOLK_API TolkStatus tolkYCbCrToBGR_709CSC_8u_P3C4R(const uint8_t* const src[3], int32_t srcStep, uint8_t* dst,
                                                    int32_t dstStep, TolkSize roi, uint8_t alpha);
 
+/* ==== 4:2:2 to RGB and BGR ==== */
+
+/** 8-bit YCbCr 4:2:2 to full-range RGB or BGR: Y 16 to 235, Cb and Cr 16 to 240 about 128 by the matrix of ITU-R
+ * BT.601, except in the 709HDTV functions, which use ITU-R BT.709 with luma of full scale. Both pixels of a pair take
+ * the pair's chroma as it stands.
+ *
+ * Sources. C2: a row is 2 * width bytes in pairs of four, Y0 Cb Y1 Cr for YCbCr422, Y0 Cr Y1 Cb for YCrCb422 and
+ * Cb Y0 Cr Y1 for CbYCr422. P3: planes Y, Cb, Cr, the chroma planes with `width >> 1` samples a row, each plane with
+ * its own step. A P3 destination is R, G, B with one step for the three planes.
+ *
+ * Fixed point: inverse A, B, T and U, and the terms, are those of YCbCr at full resolution. Further forms, divisions
+ * rounding toward minus infinity and every result limited to 0..255:
+ *
+ * - inverse D1, with y = h(128 Y, 4768): R = (y + h(128 Cr, 6537) - 1783) / 8,
+ *   G = (y - (h(128 Cb, 1606) + h(128 Cr, 3330) - 1085)) / 8, B = (y + h(128 Cb, 8262) - 2214) / 8
+ * - inverse E, with y = h(Yb, 4767): R = (y + h(Crb, 6537)) / 8,
+ *   G = (y - (h(Cbb, 1605) + h(Crb, 3330))) / 8, B = (y + h(Cbb, 8261)) / 8
+ * - inverse H: R = (16 Y + h(Crb, 12616) + 8) / 16,
+ *   G = (16 Y - h(Cbb, 1499) - h(Crb, 3760) + 8) / 16, B = (16 Y + h(Cbb, 14877) + 8) / 16
+ * - inverse N2: R = (76284 Y + 104595 Cr - 14608761) / 65536,
+ *   G = (76284 Y - 25690 Cb - 53281 Cr + 8887730) / 65536, B = (76284 Y + 132186 Cb - 18140365) / 65536
+ *
+ * The colour order of a name can change the arithmetic, not only the order of the bytes.
+ *
+ * Odd widths give no warning. The last column of a C2 source is written from its own luma and the one chroma byte of
+ * its pair that lies inside the row; the other chroma sample is that of the pair before or, at width 1, the same byte
+ * serves as both. The last column of a P3 source is left as it was. The fourth byte of every pixel that a C4 function
+ * writes is alpha.
+ *
+ * Any width and height from 1. Steps are not tested. Returns tolkStatusOk; tolkStatusNullPointer for a null pointer,
+ * pointer array or plane; tolkStatusBadSize for a width or height under 1. Pointers and planes are tested first, then
+ * the size.
+ */
+/** Inverse A in `width & ~7` columns, then inverse T. */
+TOLK_API TolkStatus tolkYCbCr422ToRGB_8u_C2C3R(const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                               TolkSize roi);
+/** Inverse A in `width & ~7` columns, then inverse T. */
+TOLK_API TolkStatus tolkYCbCr422ToBGR_8u_C2C3R(const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                               TolkSize roi);
+/** Inverse A in `width & ~7` columns, then inverse T. */
+TOLK_API TolkStatus tolkCbYCr422ToRGB_8u_C2C3R(const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                               TolkSize roi);
+/** Inverse A in `width & ~7` columns, then inverse T; the fourth byte is alpha. */
+TOLK_API TolkStatus tolkCbYCr422ToBGR_8u_C2C4R(const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                               TolkSize roi, uint8_t alpha);
+/** Inverse H in every column. */
+TOLK_API TolkStatus tolkCbYCr422ToBGR_709HDTV_8u_C2C3R(const uint8_t* src, int32_t srcStep, uint8_t* dst,
+                                                       int32_t dstStep, TolkSize roi);
+/** Inverse H in every column; the fourth byte is alpha. */
+TOLK_API TolkStatus tolkCbYCr422ToBGR_709HDTV_8u_C2C4R(const uint8_t* src, int32_t srcStep, uint8_t* dst,
+                                                       int32_t dstStep, TolkSize roi, uint8_t alpha);
+/** Inverse D1 in `width & ~7` columns, then inverse U; the fourth byte is alpha. */
+TOLK_API TolkStatus tolkYCbCr422ToRGB_8u_C2C4R(const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                               TolkSize roi, uint8_t alpha);
+/** Inverse E in `width & ~7` columns, then inverse N2; the fourth byte is alpha. */
+TOLK_API TolkStatus tolkYCbCr422ToBGR_8u_C2C4R(const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                               TolkSize roi, uint8_t alpha);
+/** Inverse D1 in `width & ~7` columns, then inverse U. */
+TOLK_API TolkStatus tolkYCrCb422ToRGB_8u_C2C3R(const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                               TolkSize roi);
+/** Inverse D1 in `width & ~7` columns, then inverse U. */
+TOLK_API TolkStatus tolkYCrCb422ToBGR_8u_C2C3R(const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                               TolkSize roi);
+/** Inverse D1 in `width & ~7` columns, then inverse U; the fourth byte is alpha. */
+TOLK_API TolkStatus tolkYCrCb422ToRGB_8u_C2C4R(const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                               TolkSize roi, uint8_t alpha);
+/** Inverse D1 in `width & ~7` columns, then inverse U; the fourth byte is alpha. */
+TOLK_API TolkStatus tolkYCrCb422ToBGR_8u_C2C4R(const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                               TolkSize roi, uint8_t alpha);
+/** Inverse B in `width & ~3` columns, then inverse N2. */
+TOLK_API TolkStatus tolkYCbCr422ToRGB_8u_C2P3R(const uint8_t* src, int32_t srcStep, uint8_t* const dst[3],
+                                               int32_t dstStep, TolkSize roi);
+/** Inverse B in `width & ~3` columns, then inverse N2. */
+TOLK_API TolkStatus tolkYCrCb422ToRGB_8u_C2P3R(const uint8_t* src, int32_t srcStep, uint8_t* const dst[3],
+                                               int32_t dstStep, TolkSize roi);
+/** Inverse A in `width & ~7` columns, then inverse N2. */
+TOLK_API TolkStatus tolkYCbCr422ToRGB_8u_P3C3R(const uint8_t* const src[3], const int32_t srcStep[3], uint8_t* dst,
+                                               int32_t dstStep, TolkSize roi);
+/** Inverse A in `width & ~7` columns, then inverse N2. */
+TOLK_API TolkStatus tolkYCbCr422ToBGR_8u_P3C3R(const uint8_t* const src[3], const int32_t srcStep[3], uint8_t* dst,
+                                               int32_t dstStep, TolkSize roi);
+
+/* ==== 4:2:0 and 4:1:1 to RGB and BGR ==== */
+
+/** 8-bit YCbCr 4:2:0 and 4:1:1 to full-range RGB or BGR: Y 16 to 235, Cb and Cr 16 to 240 about 128 by the matrix of
+ * ITU-R BT.601; the 709CSC function uses ITU-R BT.709, the 709HDTV function ITU-R BT.709 with luma of full scale. All
+ * pixels of a group take the group's chroma as it stands, except in the Filter function: 2 by 2 pixels in 4:2:0, four
+ * in a row in 4:1:1.
+ *
+ * Sources. P3: planes Y, Cb, Cr or, for YCrCb420, Y, Cr, Cb, each with its own step. P2: a luma plane and a plane of
+ * chroma pairs, Cb first or, for YCrCb420, Cr first. The chroma of 4:2:0 has `width >> 1` samples or pairs in each of
+ * `height >> 1` rows, that of 4:1:1 `width >> 2` samples in each row.
+ *
+ * Fixed point: inverse A, C, U and 709, and the terms, are those of YCbCr at full resolution, inverse D1 and H those of
+ * 4:2:2 to RGB and BGR. Further forms, divisions rounding toward minus infinity and every result limited to 0..255:
+ *
+ * - inverse D2, with y = h(128 Y, 4769): R = (y + h(128 Cr, 6537) - 1779) / 8,
+ *   G = (y - (h(128 Cb, 1605) + h(128 Cr, 3330) - 1089)) / 8, B = (y + h(128 Cb, 8263) - 2211) / 8
+ * - inverse D3: inverse D1 with -1779 in R, -1084 in G and -2210 in B
+ * - inverse F, with y = h(Yb, 9536): R = (y + h(Crb, 13074) + 8) / 16,
+ *   G = (y + h(Cbb, -3203) + h(Crb, -6660) + 8) / 16, B = (y + h(Cbb, 16523) + 8) / 16
+ * - inverse V: R = (76294 Y + 104595 Cr - 14576096) / 65536,
+ *   G = (76294 Y - 25625 Cb - 53281 Cr + 8912032) / 65536, B = (76294 Y + 132186 Cb - 18107744) / 65536
+ *
+ * 4:2:0 converts whole groups: the last column of an odd width and the last row of an odd height are left as they were,
+ * the fourth byte included, and tolkStatusOddSize is returned; a width or height of 1 writes nothing. 4:1:1 writes
+ * every column: those after the last whole group take that group's chroma. The fourth byte of every pixel that a C4
+ * function writes is alpha.
+ *
+ * Any width and height from 1; in 4:1:1 any width from 4. Steps are not tested. Returns tolkStatusOk; tolkStatusOddSize
+ * (4:2:0 only); tolkStatusNullPointer for a null pointer, pointer array or plane; tolkStatusBadSize for a width or
+ * height under the least. Pointers and planes are tested first, then the size, except where a function says otherwise.
+ */
+/** Inverse A in `width & ~7` columns, then inverse U. */
+TOLK_API TolkStatus tolkYCbCr420ToRGB_8u_P3C3R(const uint8_t* const src[3], const int32_t srcStep[3], uint8_t* dst,
+                                               int32_t dstStep, TolkSize roi);
+/** Inverse A in `width & ~7` columns, then inverse U. */
+TOLK_API TolkStatus tolkYCbCr420ToBGR_8u_P3C3R(const uint8_t* const src[3], const int32_t srcStep[3], uint8_t* dst,
+                                               int32_t dstStep, TolkSize roi);
+/** Inverse D2 in every column; the fourth byte is alpha. */
+TOLK_API TolkStatus tolkYCbCr420ToBGR_8u_P3C4R(const uint8_t* const src[3], const int32_t srcStep[3], uint8_t* dst,
+                                               int32_t dstStep, TolkSize roi, uint8_t alpha);
+/** Inverse D2 in every column. */
+TOLK_API TolkStatus tolkYCbCr420ToRGB_8u_P2C3R(const uint8_t* srcY, int32_t srcYStep, const uint8_t* srcCbCr,
+                                               int32_t srcCbCrStep, uint8_t* dst, int32_t dstStep, TolkSize roi);
+/** Inverse D2 in every column. */
+TOLK_API TolkStatus tolkYCbCr420ToBGR_8u_P2C3R(const uint8_t* srcY, int32_t srcYStep, const uint8_t* srcCbCr,
+                                               int32_t srcCbCrStep, uint8_t* dst, int32_t dstStep, TolkSize roi);
+/** Inverse D2 in every column; the fourth byte is alpha. */
+TOLK_API TolkStatus tolkYCbCr420ToRGB_8u_P2C4R(const uint8_t* srcY, int32_t srcYStep, const uint8_t* srcCbCr,
+                                               int32_t srcCbCrStep, uint8_t* dst, int32_t dstStep, TolkSize roi,
+                                               uint8_t alpha);
+/** Inverse D2 in every column; the fourth byte is alpha. */
+TOLK_API TolkStatus tolkYCbCr420ToBGR_8u_P2C4R(const uint8_t* srcY, int32_t srcYStep, const uint8_t* srcCbCr,
+                                               int32_t srcCbCrStep, uint8_t* dst, int32_t dstStep, TolkSize roi,
+                                               uint8_t alpha);
+/** Inverse D3 in every column. */
+TOLK_API TolkStatus tolkYCrCb420ToRGB_8u_P2C3R(const uint8_t* srcY, int32_t srcYStep, const uint8_t* srcCbCr,
+                                               int32_t srcCbCrStep, uint8_t* dst, int32_t dstStep, TolkSize roi);
+/** Inverse D3 in every column. */
+TOLK_API TolkStatus tolkYCrCb420ToBGR_8u_P2C3R(const uint8_t* srcY, int32_t srcYStep, const uint8_t* srcCbCr,
+                                               int32_t srcCbCrStep, uint8_t* dst, int32_t dstStep, TolkSize roi);
+/** Inverse D3 in every column; the fourth byte is alpha. The size is tested before the pointers. */
+TOLK_API TolkStatus tolkYCrCb420ToRGB_8u_P2C4R(const uint8_t* srcY, int32_t srcYStep, const uint8_t* srcCbCr,
+                                               int32_t srcCbCrStep, uint8_t* dst, int32_t dstStep, TolkSize roi,
+                                               uint8_t alpha);
+/** Inverse D3 in every column; the fourth byte is alpha. The size is tested before the pointers. */
+TOLK_API TolkStatus tolkYCrCb420ToBGR_8u_P2C4R(const uint8_t* srcY, int32_t srcYStep, const uint8_t* srcCbCr,
+                                               int32_t srcCbCrStep, uint8_t* dst, int32_t dstStep, TolkSize roi,
+                                               uint8_t alpha);
+/** Inverse C in `width & ~7` columns, then inverse U; the fourth byte is alpha. */
+TOLK_API TolkStatus tolkYCrCb420ToRGB_8u_P3C4R(const uint8_t* const src[3], const int32_t srcStep[3], uint8_t* dst,
+                                               int32_t dstStep, TolkSize roi, uint8_t alpha);
+/** Inverse A in every column, the fourth byte alpha, on chroma interpolated vertically for rows sited between the luma
+ * rows: row y uses (3 * near + far + 2) / 4, where near is chroma row `y >> 1` and far the row above it for even y,
+ * below it for odd y, or near itself where the whole chroma rows end. Horizontally chroma is repeated. */
+TOLK_API TolkStatus tolkYCrCb420ToBGR_Filter_8u_P3C4R(const uint8_t* const src[3], const int32_t srcStep[3],
+                                                      uint8_t* dst, int32_t dstStep, TolkSize roi, uint8_t alpha);
+/** Inverse 709, with G as in tolkYCbCrToBGR_709CSC_8u_P3C3R, in every column. */
+TOLK_API TolkStatus tolkYCbCr420ToBGR_709CSC_8u_P3C3R(const uint8_t* const src[3], const int32_t srcStep[3],
+                                                      uint8_t* dst, int32_t dstStep, TolkSize roi);
+/** Inverse H in every column; the fourth byte is alpha. */
+TOLK_API TolkStatus tolkYCbCr420ToBGR_709HDTV_8u_P3C4R(const uint8_t* const src[3], const int32_t srcStep[3],
+                                                       uint8_t* dst, int32_t dstStep, TolkSize roi, uint8_t alpha);
+/** Inverse F in `width & ~3` columns, then inverse V. */
+TOLK_API TolkStatus tolkYCbCr411ToBGR_8u_P3C3R(const uint8_t* const src[3], const int32_t srcStep[3], uint8_t* dst,
+                                               int32_t dstStep, TolkSize roi);
+/** Inverse F in `width & ~3` columns, then inverse V; the fourth byte is alpha. */
+TOLK_API TolkStatus tolkYCbCr411ToBGR_8u_P3C4R(const uint8_t* const src[3], const int32_t srcStep[3], uint8_t* dst,
+                                               int32_t dstStep, TolkSize roi, uint8_t alpha);
+
 #ifdef __cplusplus
 }
 #endif

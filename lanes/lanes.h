@@ -340,6 +340,32 @@ LANE_OP void storeBytes(uint8_t* p, Reg<T, L> a, ptrdiff_t n) {
   }
 }
 
+// Lane j has `Part` bytes from p + j * Part, in its low end; the rest of a lane is undefined.
+template <int Part, int L>
+LANE_OP U8<L> loadParts(const uint8_t* p) {
+  auto lane = [&](int j) __attribute__((always_inline)) {
+    if constexpr (Part == 8) return _mm_loadl_epi64(reinterpret_cast<const __m128i*>(p + j * Part));
+    return _mm_cvtsi32_si128(static_cast<int>(detail::loadWord<uint32_t>(p + j * Part)));
+  };
+  if constexpr (L == 1) {
+    return U8<1>(lane(0));
+  } else {
+    return U8<2>(_mm256_set_m128i(lane(1), lane(0)));
+  }
+}
+// The same without touching a byte at or past p + n.
+template <int Part, int L>
+LANE_OP U8<L> loadSomeParts(const uint8_t* p, ptrdiff_t n) {
+  auto lane = [&](int j) __attribute__((always_inline)) {
+    return detail::loadLane(p + j * Part, n - j * Part < Part ? n - j * Part : Part);
+  };
+  if constexpr (L == 1) {
+    return U8<1>(lane(0));
+  } else {
+    return U8<2>(_mm256_set_m128i(lane(1), lane(0)));
+  }
+}
+
 // The bytes of the first n samples of a register, as a mask.
 template <class T, int L>
 LANE_OP Reg<T, L> firstSamples(ptrdiff_t n) {

@@ -51,6 +51,12 @@ template <class T, int L>
 requires(sizeof(T) == 2) LANE_OP Reg<T, L>
 operator*(Reg<T, L> a, Pow2 n) { return shiftLeft(a, n.log); }
 
+template <class T, int L>
+LANE_OP Reg<T, L> operator-(Reg<T, L> a) {
+  return Reg<T, L>::splat(0) - a;
+}
+
+constexpr Range operator-(Range a) { return a.with(-a.high, -a.low, a); }
 constexpr Range operator+(Range a, Range b) { return a.with(a.low + b.low, a.high + b.high, b); }
 constexpr Range operator-(Range a, Range b) { return a.with(a.low - b.high, a.high - b.low, b); }
 constexpr Range operator+(Range a, int b) { return a.with(a.low + b, a.high + b, a); }
@@ -109,6 +115,42 @@ LANE_OP I16<L> m9(I16<L> x, Factor c) {
 constexpr int m9(int x, Factor c) { return (x * c.value) >> 9; }
 constexpr Range m9(Range x, Factor c) {
   return x.require(x.within(-256, 255)).through([&](int64_t v) { return m9(static_cast<int>(v), c); });
+}
+
+// s * c / 1024 and / 2048, for sums of pairs and of fours.
+template <int L>
+LANE_OP I16<L> m10(I16<L> s, Factor c) {
+  return mulHigh(shiftLeft(s, 6), I16<L>::splat(static_cast<int16_t>(c.value)));
+}
+constexpr int m10(int s, Factor c) { return (s * c.value) >> 10; }
+constexpr Range m10(Range s, Factor c) {
+  return s.require(s.within(-512, 511)).through([&](int64_t v) { return m10(static_cast<int>(v), c); });
+}
+template <int L>
+LANE_OP I16<L> m11(I16<L> s, Factor c) {
+  return mulHigh(shiftLeft(s, 5), I16<L>::splat(static_cast<int16_t>(c.value)));
+}
+constexpr int m11(int s, Factor c) { return (s * c.value) >> 11; }
+constexpr Range m11(Range s, Factor c) {
+  return s.require(s.within(-1024, 1023)).through([&](int64_t v) { return m11(static_cast<int>(v), c); });
+}
+
+// s * c / 512 and / 1024, rounded.
+template <int L>
+LANE_OP I16<L> rnd9(I16<L> s, Factor c) {
+  return mulRound(shiftLeft(s, 6), I16<L>::splat(static_cast<int16_t>(c.value)));
+}
+constexpr int rnd9(int s, Factor c) { return (s * c.value + 256) >> 9; }
+constexpr Range rnd9(Range s, Factor c) {
+  return s.require(s.within(-512, 511)).through([&](int64_t v) { return rnd9(static_cast<int>(v), c); });
+}
+template <int L>
+LANE_OP I16<L> rnd10(I16<L> s, Factor c) {
+  return mulRound(shiftLeft(s, 5), I16<L>::splat(static_cast<int16_t>(c.value)));
+}
+constexpr int rnd10(int s, Factor c) { return (s * c.value + 512) >> 10; }
+constexpr Range rnd10(Range s, Factor c) {
+  return s.require(s.within(-1024, 1023)).through([&](int64_t v) { return rnd10(static_cast<int>(v), c); });
 }
 
 // ---- Exact sums of weighted samples in 32 bits: `weight * sample`, added up, then divided by fl ----

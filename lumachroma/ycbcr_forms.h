@@ -38,61 +38,65 @@ struct ForwardT {
 };
 static_assert(fitsLanes<ForwardT>(kByte, kByte, kByte));
 
-// Units of 1/8, rounded.
-struct InverseA {
+// What the 16-bit inverse forms share: each output is the sum of a luma term and a chroma term, in units of 1 / kUnit.
+// So pixels that share chroma share its terms.
+template <class Form, int kUnit>
+struct Inverse {
+  LANE_OP static constexpr auto output(auto luma, auto chroma) { return clamp8(fl(luma + chroma, kUnit)); }
   LANE_OP constexpr auto operator()(auto Y, auto Cb, auto Cr) const {
-    auto y = h((Y - 16) * 128, 4769), Cbb = (Cb - 128) * 128, Crb = (Cr - 128) * 128;
-    auto R = clamp8(fl(y + h(Crb, 6537) + 4, 8));
-    auto G = clamp8(fl(y - (h(Cbb, 1605) + h(Crb, 3330)) + 4, 8));
-    auto B = clamp8(fl(y + h(Cbb, 8263) + 4, 8));
-    return std::array{R, G, B};
+    auto y = Form::luma(Y);
+    auto [r, g, b] = Form::chroma(Cb, Cr);
+    return std::array{output(y, r), output(y, g), output(y, b)};
+  }
+};
+LANE_OP constexpr auto centredLuma(auto Y) { return (Y - 16) * 128; }
+LANE_OP constexpr auto centredChroma(auto C) { return (C - 128) * 128; }
+
+// Rounded.
+struct InverseA : Inverse<InverseA, 8> {
+  LANE_OP static constexpr auto luma(auto Y) { return h(centredLuma(Y), 4769) + 4; }
+  LANE_OP static constexpr auto chroma(auto Cb, auto Cr) {
+    auto Cbb = centredChroma(Cb), Crb = centredChroma(Cr);
+    return std::array{h(Crb, 6537), -(h(Cbb, 1605) + h(Crb, 3330)), h(Cbb, 8263)};
   }
 };
 static_assert(fitsLanes<InverseA>(kByte, kByte, kByte));
 
-// Units of 1/16, cut.
-struct InverseB {
-  LANE_OP constexpr auto operator()(auto Y, auto Cb, auto Cr) const {
-    auto y = h((Y - 16) * 128, 9536), Cbb = (Cb - 128) * 128, Crb = (Cr - 128) * 128;
-    auto R = clamp8(fl(y + h(Crb, 13074), 16));
-    auto G = clamp8(fl(y + h(Cbb, -3203) + h(Crb, -6660), 16));
-    auto B = clamp8(fl(y + h(Cbb, 16523), 16));
-    return std::array{R, G, B};
+// Cut.
+struct InverseB : Inverse<InverseB, 16> {
+  LANE_OP static constexpr auto luma(auto Y) { return h(centredLuma(Y), 9536); }
+  LANE_OP static constexpr auto chroma(auto Cb, auto Cr) {
+    auto Cbb = centredChroma(Cb), Crb = centredChroma(Cr);
+    return std::array{h(Crb, 13074), h(Cbb, -3203) + h(Crb, -6660), h(Cbb, 16523)};
   }
 };
 static_assert(fitsLanes<InverseB>(kByte, kByte, kByte));
 
-// Units of 1/16, rounded; the coefficient of Cb in G is 3211, not inverse B's 3203.
-struct InverseC {
-  LANE_OP constexpr auto operator()(auto Y, auto Cb, auto Cr) const {
-    auto y = h((Y - 16) * 128, 9535), Cbb = (Cb - 128) * 128, Crb = (Cr - 128) * 128;
-    auto R = clamp8(fl(y + h(Crb, 13074) + 8, 16));
-    auto G = clamp8(fl(y - h(Cbb, 3211) - h(Crb, 6660) + 8, 16));
-    auto B = clamp8(fl(y + h(Cbb, 16523) + 8, 16));
-    return std::array{R, G, B};
+// Rounded; the coefficient of Cb in G is 3211, not inverse B's 3203.
+struct InverseC : Inverse<InverseC, 16> {
+  LANE_OP static constexpr auto luma(auto Y) { return h(centredLuma(Y), 9535) + 8; }
+  LANE_OP static constexpr auto chroma(auto Cb, auto Cr) {
+    auto Cbb = centredChroma(Cb), Crb = centredChroma(Cr);
+    return std::array{h(Crb, 13074), -(h(Cbb, 3211) + h(Crb, 6660)), h(Cbb, 16523)};
   }
 };
 static_assert(fitsLanes<InverseC>(kByte, kByte, kByte));
 
-// BT.709, units of 1/16. The two forms differ in G alone: h rounds down, so the sign stands inside or outside of it.
-struct Inverse709 {
-  LANE_OP constexpr auto operator()(auto Y, auto Cb, auto Cr) const {
-    auto y = h((Y - 16) * 128, 9535), Cbb = (Cb - 128) * 128, Crb = (Cr - 128) * 128;
-    auto R = clamp8(fl(y + h(Crb, 14688) + 8, 16));
-    auto G = clamp8(fl(y + h(Cbb, -1745) + h(Crb, -4375) + 8, 16));
-    auto B = clamp8(fl(y + h(Cbb, 17326) + 8, 16));
-    return std::array{R, G, B};
+// BT.709. The two forms differ in G alone: h rounds down, so the sign stands inside or outside of it.
+struct Inverse709 : Inverse<Inverse709, 16> {
+  LANE_OP static constexpr auto luma(auto Y) { return h(centredLuma(Y), 9535) + 8; }
+  LANE_OP static constexpr auto chroma(auto Cb, auto Cr) {
+    auto Cbb = centredChroma(Cb), Crb = centredChroma(Cr);
+    return std::array{h(Crb, 14688), h(Cbb, -1745) + h(Crb, -4375), h(Cbb, 17326)};
   }
 };
 static_assert(fitsLanes<Inverse709>(kByte, kByte, kByte));
 
-struct Inverse709Minus {
-  LANE_OP constexpr auto operator()(auto Y, auto Cb, auto Cr) const {
-    auto y = h((Y - 16) * 128, 9535), Cbb = (Cb - 128) * 128, Crb = (Cr - 128) * 128;
-    auto R = clamp8(fl(y + h(Crb, 14688) + 8, 16));
-    auto G = clamp8(fl(y - h(Cbb, 1745) - h(Crb, 4375) + 8, 16));
-    auto B = clamp8(fl(y + h(Cbb, 17326) + 8, 16));
-    return std::array{R, G, B};
+struct Inverse709Minus : Inverse<Inverse709Minus, 16> {
+  LANE_OP static constexpr auto luma(auto Y) { return h(centredLuma(Y), 9535) + 8; }
+  LANE_OP static constexpr auto chroma(auto Cb, auto Cr) {
+    auto Cbb = centredChroma(Cb), Crb = centredChroma(Cr);
+    return std::array{h(Crb, 14688), -(h(Cbb, 1745) + h(Crb, 4375)), h(Cbb, 17326)};
   }
 };
 static_assert(fitsLanes<Inverse709Minus>(kByte, kByte, kByte));

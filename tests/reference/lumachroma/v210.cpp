@@ -1,5 +1,6 @@
 // Plain scalar reference of the v210 decoders and of the encoder through the gamma curve.
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstring>
 #include <vector>
@@ -50,10 +51,13 @@ unsigned blueLow(const V210Row& row, Integer x) {
 }
 unsigned gray(const V210Row& row, Integer x) { return static_cast<unsigned>(row.luma(x)); }
 
-// Steps count words and samples; one under 1 is a fault of the size.
+TolkStatus stepAsSize(int32_t step) { return step < 1 ? tolkStatusBadSize : tolkStatusOk; }
+
+// Steps count words and samples.
 template <typename Form>
 TolkStatus decode(const uint32_t* src, int32_t srcStep, uint16_t* dst, int32_t dstStep, TolkSize roi, Form form) {
-  if (const auto fault = firstFault({pointer(src), pointer(dst), size(roi), size({srcStep, dstStep})})) return fault;
+  if (const auto fault = firstFault({pointer(src), pointer(dst), size(roi), stepAsSize(srcStep), stepAsSize(dstStep)}))
+    return fault;
   for (Integer y = 0; y < roi.height; ++y) {
     for (Integer x = 0; x < roi.width; ++x) {
       const auto word = static_cast<uint16_t>(form(V210Row{src + y * srcStep}, x));
@@ -64,11 +68,20 @@ TolkStatus decode(const uint32_t* src, int32_t srcStep, uint16_t* dst, int32_t d
 }
 
 // The curve of ITU-R BT.709 on 0 to 255; above the linear segment the value passes through single precision.
-uint8_t gammaForward(int i) {
+uint8_t gammaEntry(int i) {
   const double t = i / 255.0;
   if (t < 0.018) return static_cast<uint8_t>(std::nearbyint(4.5 * i));
   const float v = static_cast<float>(255.0 * (1.099 * std::pow(t, 0.45) - 0.099));
   return static_cast<uint8_t>(std::nearbyint(v));
+}
+
+uint8_t gammaForward(uint8_t sample) {
+  static const auto kTable = [] {
+    std::array<uint8_t, 256> table;
+    for (int i = 0; i < 256; ++i) table[static_cast<size_t>(i)] = gammaEntry(i);
+    return table;
+  }();
+  return kTable[sample];
 }
 
 }  // namespace
@@ -97,7 +110,7 @@ TolkStatus reference::tolkRGBToCbYCr422Gamma_8u_C3C2R(const uint8_t* src, int32_
   for (Integer y = 0; y < roi.height; ++y) {
     const uint8_t* row = src + y * srcStep;
     std::transform(row, row + corrected.size(), corrected.begin(), gammaForward);
-    tolkRGBToCbYCr422_8u_C3C2R(corrected.data(), step, dst + y * dstStep, step, {roi.width, 1});
+    reference::tolkRGBToCbYCr422_8u_C3C2R(corrected.data(), step, dst + y * dstStep, step, {roi.width, 1});
   }
   return tolkStatusOk;
 }
