@@ -3,6 +3,9 @@ set(TOLK_SOURCES
     frame/version.cpp
     lumachroma/decoders_420.cpp
     lumachroma/decoders_422.cpp
+    lumachroma/encoder_filtered.cpp
+    lumachroma/encoders_420.cpp
+    lumachroma/encoders_422.cpp
     lumachroma/ycbcr.cpp)
 
 set(TOLK_WARNINGS -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wno-sign-conversion -Wno-psabi)

@@ -32,6 +32,16 @@ Tail<Form, Target> tail(Form form, Target target = {}) {
   return {{form, target}};
 }
 
+// The pixels in whole groups, and the warning that there are others.
+template <int Across, int Down>
+TolkSize wholeGroups(TolkSize roi) {
+  return {roi.width & -Across, roi.height & -Down};
+}
+template <int Across, int Down>
+TolkStatus oddSize(TolkSize roi) {
+  return roi.width % Across != 0 || roi.height % Down != 0 ? tolkStatusOddSize : tolkStatusOk;
+}
+
 namespace detail {
 
 // A form takes 16-bit numbers for bytes: each half of a byte register by itself.

@@ -194,16 +194,6 @@ TwoPlaneGroups<kCb> fromTwoPlanes(const uint8_t* y, ptrdiff_t yStep, const uint8
   return {{y, pairs}, {yStep, pairStep}};
 }
 
-// The pixels in whole groups, and the warning that there are others.
-template <int Across, int Down>
-TolkSize wholeGroups(TolkSize roi) {
-  return {roi.width & -Across, roi.height & -Down};
-}
-template <int Across, int Down>
-TolkStatus oddSize(TolkSize roi) {
-  return roi.width % Across != 0 || roi.height % Down != 0 ? tolkStatusOddSize : tolkStatusOk;
-}
-
 namespace detail {
 
 // Each sample Across times; of the first 8 / Across samples (Half 0) or of the next ones.

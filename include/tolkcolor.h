@@ -159,6 +159,209 @@ TOLK_API TolkStatus tolkYCbCrToBGR_709CSC_8u_P3C3R(const uint8_t* const src[3], 
 TOLK_API TolkStatus tolkYCbCrToBGR_709CSC_8u_P3C4R(const uint8_t* const src[3], int32_t srcStep, uint8_t* dst,
                                                    int32_t dstStep, TolkSize roi, uint8_t alpha);
 
+/* ==== RGB and BGR to 4:2:2 ==== */
+
+/** Full-range 8-bit RGB or BGR to 4:2:2 YCbCr: luma of each pixel, and one chroma pair for pixels 2k and 2k + 1 of a
+ * row. The matrix is that of ITU-R BT.601 in studio range (Y 16 to 235, Cb and Cr 16 to 240 about 128), except in the
+ * 709HDTV functions, which use ITU-R BT.709 with luma at full scale and limit every sample to 1..254.
+ *
+ * Packed pairs have four bytes: YCbCr422 is Y0 Cb Y1 Cr, YCrCb422 is Y0 Cr Y1 Cb, CbYCr422 is Cb Y0 Cr Y1. Planes:
+ * dst[0] is Y, dst[1] Cb, dst[2] Cr, each with its own step; Cb and Cr have one sample a pair. src[0..2] are R, G, B
+ * and share one step. A source's fourth byte is not used.
+ *
+ * Formulas, divisions rounding toward minus infinity, with rnd8 and forward A and T of YCbCr at full resolution,
+ * rnd9(s, c) = (s * c + 256) / 512, mu8(x, c) = x * c / 256, ms(s, c) = s * c / 1024, pair sums Rs = R0 + R1 (Gs and Bs
+ * alike) and every result limited to 0..255, in the HDTV forms to 1..254:
+ *
+ * - pair block: Y of forward A, Cb = (rnd9(Bs, 7193) - (rnd9(Rs, 2425) + rnd9(Gs, 4768)) + 8224) / 64,
+ *   Cr = (rnd9(Rs, 7193) - (rnd9(Bs, 1163) + rnd9(Gs, 6029)) + 8224) / 64
+ * - pair tail 1: Y of forward T, Cb = (-9699 Rs - 19071 Gs + 28770 Bs + 16793600) / 131072,
+ *   Cr = (28770 Rs - 24117 Gs - 4653 Bs + 16793600) / 131072
+ * - pair tail 2: pair tail 1 with 16842752 for 16793600, and with Y1 = (16843 R + 33030 G + 6423 B + 1048576) / 65536,
+ *   so that the second luma of a pair is cut while the first is rounded
+ * - shift block: Y = (mu8(R, 8422) + mu8(G, 16515) + mu8(B, 3212) + 2112) / 128,
+ *   Cb = (ms(Rs, -9699) + ms(Gs, -19071) + ms(Bs, 28770) + 16448) / 128,
+ *   Cr = (ms(Rs, 28770) + ms(Gs, -24117) + ms(Bs, -4653) + 16448) / 128
+ * - shift tail: Y of forward T, Cb = (-9699 Rs - 19071 Gs + 28770 Bs + 16842752) / 131072,
+ *   Cr = (28770 Rs - 24117 Gs - 4653 Bs + 16842750) / 131072
+ * - filter block: Y of forward A, Cb = (Cb0 + Nb + Nb' + 16448) / 128, Cr = (Cr0 + Nr + Nr' + 16448) / 128 with
+ *   Cb0 = rnd8(B0, 7193) - (rnd8(R0, 2425) + rnd8(G0, 4768)), Nb = rnd8(B1, 3596) - (rnd8(R1, 1212) + rnd8(G1, 2384)),
+ *   Cr0 = rnd8(R0, 7193) - (rnd8(B0, 1163) + rnd8(G0, 6029)), Nr = rnd8(R1, 3596) - (rnd8(B1, 582) + rnd8(G1, 3015)),
+ *   Nb' and Nr' being the Nb and Nr of the pair before, 0 in the first pair of a row
+ * - filter tail: Y of forward T, Cb = (Qb0 / 2 + Cb' + Qb1 / 4 + 8421375) / 65536,
+ *   Cr = (Qr0 / 2 + Cr' + Qr1 / 4 + 8421375) / 65536 with Qb = -9699 R - 19071 G + 28770 B and
+ *   Qr = 28770 R - 24117 G - 4653 B of pixels 0 and 1 of the pair, Cb' and Cr' being Qb1 / 4 and Qr1 / 4 of the pair
+ *   before, 512 Nb and 512 Nr after a pair of the block, 0 in the first pair of a row
+ * - HDTV blocks: Y = (mu8(R, 6980) + mu8(G, 23429) + mu8(B, 2359) + 64) / 128; signed:
+ *   Cb = (ms(Rs, -3834) + ms(Gs, -12911) + ms(Bs, 16744) + 8224) / 64,
+ *   Cr = (ms(Rs, 16744) + ms(Gs, -15204) + ms(Bs, -1540) + 8224) / 64; unsigned:
+ *   Cb = (ms(Bs, 16744) - (ms(Rs, 3834) + ms(Gs, 12911)) + 8224) / 64,
+ *   Cr = (ms(Rs, 16744) - (ms(Gs, 15204) + ms(Bs, 1540)) + 8224) / 64
+ * - HDTV tail: Y = (13959 R + 46858 G + 4719 B + 32768) / 65536,
+ *   Cb = (-7668 Rs - 25821 Gs + 33489 Bs + 16842752) / 131072,
+ *   Cr = (33489 Rs - 30409 Gs - 3080 Bs + 16842750) / 131072
+ *
+ * Tails work on the whole pairs after the block's columns. An odd width is no warning: of its last pixel nothing is
+ * written, except in the CbYCr422 functions, which write bytes 0 and 1 of its group: Y0 of the tail, and Cb of forward
+ * T or, in the 709HDTV functions, Cb = (-7668 R - 25821 G + 33489 B + 8421376) / 65536, from that pixel alone.
+ *
+ * Any height from 1 and any width from 1, or from 2 where a function says so. Steps are not tested.
+ *
+ * Returns tolkStatusOk; tolkStatusNullPointer for a null pointer, pointer array or plane; tolkStatusBadSize for a width
+ * or height under the least. Pointers are tested first, then the size; where a function says so, planes are tested
+ * after the size.
+ */
+/** Pair block in `width & ~7` columns, then pair tail 2. */
+TOLK_API TolkStatus tolkRGBToYCbCr422_8u_C3C2R(const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                               TolkSize roi);
+/** Pair block in `width & ~7` columns, then pair tail 2. Planes are tested after the size. */
+TOLK_API TolkStatus tolkRGBToYCbCr422_8u_P3C2R(const uint8_t* const src[3], int32_t srcStep, uint8_t* dst,
+                                               int32_t dstStep, TolkSize roi);
+/** Pair block in `width & ~7` columns, then pair tail 2. */
+TOLK_API TolkStatus tolkRGBToYCrCb422_8u_C3C2R(const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                               TolkSize roi);
+/** Pair block in `width & ~7` columns, then pair tail 2. Planes are tested after the size. */
+TOLK_API TolkStatus tolkRGBToYCrCb422_8u_P3C2R(const uint8_t* const src[3], int32_t srcStep, uint8_t* dst,
+                                               int32_t dstStep, TolkSize roi);
+/** Pair block in `width & ~7` columns, then pair tail 1. Width from 2. */
+TOLK_API TolkStatus tolkRGBToYCbCr422_8u_C3P3R(const uint8_t* src, int32_t srcStep, uint8_t* const dst[3],
+                                               const int32_t dstStep[3], TolkSize roi);
+/** Pair block in `width & ~7` columns, then pair tail 1. Width from 2. */
+TOLK_API TolkStatus tolkBGRToYCbCr422_8u_C3C2R(const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                               TolkSize roi);
+/** Pair block in `width & ~7` columns, then pair tail 1. Width from 2. */
+TOLK_API TolkStatus tolkBGRToYCbCr422_8u_AC4C2R(const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                                TolkSize roi);
+/** Pair block in `width & ~7` columns, then pair tail 1. Width from 2. */
+TOLK_API TolkStatus tolkBGRToYCbCr422_8u_C3P3R(const uint8_t* src, int32_t srcStep, uint8_t* const dst[3],
+                                               const int32_t dstStep[3], TolkSize roi);
+/** Pair block in `width & ~7` columns, then pair tail 1. Width from 2. */
+TOLK_API TolkStatus tolkBGRToYCbCr422_8u_AC4P3R(const uint8_t* src, int32_t srcStep, uint8_t* const dst[3],
+                                                const int32_t dstStep[3], TolkSize roi);
+/** Filter block in `width & ~7` columns, then filter tail: chroma weighs 1/4, 1/2, 1/4 about the even pixel of a pair,
+ * and the first pair of a row counts 0 for its left neighbour. */
+TOLK_API TolkStatus tolkRGBToCbYCr422_8u_C3C2R(const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                               TolkSize roi);
+/** Shift block in `width & ~7` columns, then shift tail. */
+TOLK_API TolkStatus tolkBGRToCbYCr422_8u_AC4C2R(const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                                TolkSize roi);
+/** HDTV block, signed, in `width & ~7` columns, then HDTV tail. */
+TOLK_API TolkStatus tolkBGRToCbYCr422_709HDTV_8u_AC4C2R(const uint8_t* src, int32_t srcStep, uint8_t* dst,
+                                                        int32_t dstStep, TolkSize roi);
+/** HDTV block, unsigned, in `width & ~15` columns, then HDTV tail. */
+TOLK_API TolkStatus tolkBGRToCbYCr422_709HDTV_8u_C3C2R(const uint8_t* src, int32_t srcStep, uint8_t* dst,
+                                                       int32_t dstStep, TolkSize roi);
+
+/* ==== RGB and BGR to 4:2:0 and 4:1:1 ==== */
+
+/** Full-range 8-bit RGB or BGR to 4:2:0 or 4:1:1 YCbCr: luma of each pixel, and one chroma pair for a group of four
+ * pixels, which weigh the same. A group is 2 columns of 2 rows in 4:2:0, 4 columns of one row in 4:1:1. The matrix is
+ * that of ITU-R BT.601 in studio range (Y 16 to 235, Cb and Cr 16 to 240 about 128); that of ITU-R BT.709 in studio
+ * range in the 709CSC functions; ITU-R BT.709 with luma at full scale and every sample limited to 1..254 in 709HDTV.
+ *
+ * P3: dst[0] is Y, dst[1] Cb, dst[2] Cr, in the YCrCb functions dst[1] Cr and dst[2] Cb, each with its own step. P2:
+ * dstY, and dstCbCr with Cb then Cr of each group. A source's fourth byte is not used.
+ *
+ * Formulas, divisions rounding toward minus infinity, with rnd8 and forward T of YCbCr at full resolution,
+ * rnd10(s, c) = (s * c + 512) / 1024, mu8(x, c) = x * c / 256, m11(s, c) = s * c / 2048, sums Rs, Gs, Bs over a group
+ * and every result limited to 0..255, in block W and tail W to 1..254:
+ *
+ * - block H with luma bias L: Y = (rnd8(R, 4211) + rnd8(G, 8258) + rnd8(B, 1606) + L) / 64,
+ *   Cb = (rnd10(Bs, 7193) - (rnd10(Rs, 2425) + rnd10(Gs, 4768)) + 8194) / 64,
+ *   Cr = (rnd10(Rs, 7193) - (rnd10(Bs, 1163) + rnd10(Gs, 6029)) + 8194) / 64
+ * - block 411 H: Y = (rnd8(R, 4211) + rnd8(G, 8258) + rnd8(B, 1606)) / 64 + 16,
+ *   Cb = (rnd10(Bs, 7193) - (rnd10(Rs, 2425) + rnd10(Gs, 4768))) / 64 + 128,
+ *   Cr = (rnd10(Rs, 7193) - (rnd10(Bs, 1163) + rnd10(Gs, 6029))) / 64 + 128
+ * - block U: Y = (mu8(R, 8422) + mu8(G, 16515) + mu8(B, 3212) + 2112) / 128,
+ *   Cb = (m11(Bs, 28770) - (m11(Rs, 9699) + m11(Gs, 19071)) + 16400) / 128,
+ *   Cr = (m11(Rs, 28770) - (m11(Gs, 24117) + m11(Bs, 4653)) + 16400) / 128
+ * - tail 601: Y of forward T, Cb = (-9699 Rs - 19071 Gs + 28770 Bs + 33587200) / 262144,
+ *   Cr = (28770 Rs - 24117 Gs - 4653 Bs + 33587200) / 262144
+ * - block V: Y = (mu8(R, 5997) + mu8(G, 20120) + mu8(B, 2032) + 2112) / 128,
+ *   Cb = (m11(Bs, 28770) - (m11(Rs, 6619) + m11(Gs, 22151)) + 16400) / 128,
+ *   Cr = (m11(Rs, 28770) - (m11(Gs, 26149) + m11(Bs, 2621)) + 16400) / 128
+ * - tail 709: Y = (11993 R + 40239 G + 4063 B + 1081344) / 65536,
+ *   Cb = (-6619 Rs - 22151 Gs + 28770 Bs + 33587200) / 262144,
+ *   Cr = (28770 Rs - 26149 Gs - 2621 Bs + 33587200) / 262144
+ * - block W: Y = (mu8(R, 6980) + mu8(G, 23429) + mu8(B, 2359) + 64) / 128,
+ *   Cb = (m11(Bs, 16744) - (m11(Rs, 3834) + m11(Gs, 12911)) + 8224) / 64,
+ *   Cr = (m11(Rs, 16744) - (m11(Gs, 15204) + m11(Bs, 1540)) + 8224) / 64
+ * - tail W: Y = (13959 R + 46858 G + 4719 B + 32768) / 65536,
+ *   Cb = (-7668 Rs - 25821 Gs + 33489 Bs + 33587200) / 262144,
+ *   Cr = (33489 Rs - 30409 Gs - 3080 Bs + 33587200) / 262144
+ *
+ * Only whole groups are converted: of a last odd column or row in 4:2:0, and of the last `width & 3` columns in 4:1:1,
+ * neither luma nor chroma is written, and the status is tolkStatusOddSize. Steps are not tested.
+ *
+ * The least size is 2 by 2, 1 by 1 in the functions that say so, and 4 by 1 in 4:1:1. A size of 1 in either dimension
+ * that is not an error writes nothing in 4:2:0 and gives tolkStatusOddSize.
+ *
+ * Returns tolkStatusOk; tolkStatusNullPointer for a null pointer, pointer array or plane; tolkStatusBadSize for a width
+ * or height under the least; tolkStatusOddSize, after the work, for a width or height that is odd (4:2:0) or a width
+ * that is no multiple of 4 (4:1:1). Pointers are tested first, then the size; where a function says so, planes are
+ * tested after the size.
+ */
+/** Block H with bias 1056 in `width & ~7` columns, then tail 601. */
+TOLK_API TolkStatus tolkBGRToYCbCr420_8u_C3P3R(const uint8_t* src, int32_t srcStep, uint8_t* const dst[3],
+                                               const int32_t dstStep[3], TolkSize roi);
+/** Block H with bias 1056 in `width & ~7` columns, then tail 601. */
+TOLK_API TolkStatus tolkBGRToYCrCb420_8u_C3P3R(const uint8_t* src, int32_t srcStep, uint8_t* const dst[3],
+                                               const int32_t dstStep[3], TolkSize roi);
+/** Block H with bias 1026 in `width & ~7` columns, then tail 601. Any size from 1 by 1. */
+TOLK_API TolkStatus tolkBGRToYCbCr420_8u_C3P2R(const uint8_t* src, int32_t srcStep, uint8_t* dstY, int32_t dstYStep,
+                                               uint8_t* dstCbCr, int32_t dstCbCrStep, TolkSize roi);
+/** Block H with bias 1026 in `width & ~7` columns, then tail 601. Any size from 1 by 1. */
+TOLK_API TolkStatus tolkBGRToYCbCr420_8u_AC4P2R(const uint8_t* src, int32_t srcStep, uint8_t* dstY, int32_t dstYStep,
+                                                uint8_t* dstCbCr, int32_t dstCbCrStep, TolkSize roi);
+/** Block H with bias 1026 in `width & ~7` columns, then tail 601. Any size from 1 by 1. */
+TOLK_API TolkStatus tolkRGBToYCbCr420_8u_C3P2R(const uint8_t* src, int32_t srcStep, uint8_t* dstY, int32_t dstYStep,
+                                               uint8_t* dstCbCr, int32_t dstCbCrStep, TolkSize roi);
+/** Block H with bias 1026 in `width & ~7` columns, then tail 601. Any size from 1 by 1. */
+TOLK_API TolkStatus tolkRGBToYCbCr420_8u_C4P2R(const uint8_t* src, int32_t srcStep, uint8_t* dstY, int32_t dstYStep,
+                                               uint8_t* dstCbCr, int32_t dstCbCrStep, TolkSize roi);
+/** Block H with bias 1026 in `width & ~7` columns, then tail 601. Any size from 1 by 1. Planes are tested after the
+ * size. */
+TOLK_API TolkStatus tolkRGBToYCbCr420_8u_C3P3R(const uint8_t* src, int32_t srcStep, uint8_t* const dst[3],
+                                               const int32_t dstStep[3], TolkSize roi);
+/** Block U in `width & ~3` columns, then tail 601. */
+TOLK_API TolkStatus tolkBGRToYCbCr420_8u_AC4P3R(const uint8_t* src, int32_t srcStep, uint8_t* const dst[3],
+                                                const int32_t dstStep[3], TolkSize roi);
+/** Block U in `width & ~3` columns, then tail 601. */
+TOLK_API TolkStatus tolkBGRToYCrCb420_8u_AC4P3R(const uint8_t* src, int32_t srcStep, uint8_t* const dst[3],
+                                                const int32_t dstStep[3], TolkSize roi);
+/** Block U in `width & ~3` columns, then tail 601. */
+TOLK_API TolkStatus tolkRGBToYCrCb420_8u_AC4P3R(const uint8_t* src, int32_t srcStep, uint8_t* const dst[3],
+                                                const int32_t dstStep[3], TolkSize roi);
+/** Block V in `width & ~3` columns, then tail 709. */
+TOLK_API TolkStatus tolkBGRToYCbCr420_709CSC_8u_C3P3R(const uint8_t* src, int32_t srcStep, uint8_t* const dst[3],
+                                                      const int32_t dstStep[3], TolkSize roi);
+/** Block V in `width & ~3` columns, then tail 709. */
+TOLK_API TolkStatus tolkBGRToYCbCr420_709CSC_8u_AC4P3R(const uint8_t* src, int32_t srcStep, uint8_t* const dst[3],
+                                                       const int32_t dstStep[3], TolkSize roi);
+/** Block V in `width & ~3` columns, then tail 709. */
+TOLK_API TolkStatus tolkBGRToYCrCb420_709CSC_8u_C3P3R(const uint8_t* src, int32_t srcStep, uint8_t* const dst[3],
+                                                      const int32_t dstStep[3], TolkSize roi);
+/** Block V in `width & ~3` columns, then tail 709. */
+TOLK_API TolkStatus tolkBGRToYCrCb420_709CSC_8u_AC4P3R(const uint8_t* src, int32_t srcStep, uint8_t* const dst[3],
+                                                       const int32_t dstStep[3], TolkSize roi);
+/** Block V in `width & ~7` columns, then tail 709. */
+TOLK_API TolkStatus tolkBGRToYCbCr420_709CSC_8u_C3P2R(const uint8_t* src, int32_t srcStep, uint8_t* dstY,
+                                                      int32_t dstYStep, uint8_t* dstCbCr, int32_t dstCbCrStep,
+                                                      TolkSize roi);
+/** Block V in `width & ~7` columns, then tail 709. */
+TOLK_API TolkStatus tolkBGRToYCbCr420_709CSC_8u_AC4P2R(const uint8_t* src, int32_t srcStep, uint8_t* dstY,
+                                                       int32_t dstYStep, uint8_t* dstCbCr, int32_t dstCbCrStep,
+                                                       TolkSize roi);
+/** Block W in `width & ~3` columns, then tail W. */
+TOLK_API TolkStatus tolkBGRToYCbCr420_709HDTV_8u_AC4P3R(const uint8_t* src, int32_t srcStep, uint8_t* const dst[3],
+                                                        const int32_t dstStep[3], TolkSize roi);
+/** Block 411 H in `width & ~15` columns, then tail 601. */
+TOLK_API TolkStatus tolkBGRToYCbCr411_8u_C3P3R(const uint8_t* src, int32_t srcStep, uint8_t* const dst[3],
+                                               const int32_t dstStep[3], TolkSize roi);
+/** Block U in `width & ~15` columns, then tail 601. */
+TOLK_API TolkStatus tolkBGRToYCbCr411_8u_AC4P3R(const uint8_t* src, int32_t srcStep, uint8_t* const dst[3],
+                                                const int32_t dstStep[3], TolkSize roi);
+
 /* ==== 4:2:2 to RGB and BGR ==== */
 
 /** 8-bit YCbCr 4:2:2 to full-range RGB or BGR: Y 16 to 235, Cb and Cr 16 to 240 about 128 by the matrix of ITU-R

@@ -167,6 +167,14 @@ template <int L>
 LANE_OP I16<L> narrow(I32<L> low, I32<L> high) {
   BY_WIDTH(int16_t, packs_epi32, low.bits(), high.bits())
 }
+template <int L>
+LANE_OP I16<L> smaller(I16<L> a, I16<L> b) {
+  BY_WIDTH(int16_t, min_epi16, a.bits(), b.bits())
+}
+template <int L>
+LANE_OP I16<L> larger(I16<L> a, I16<L> b) {
+  BY_WIDTH(int16_t, max_epi16, a.bits(), b.bits())
+}
 // (a + b + 1) >> 1.
 template <int L>
 LANE_OP U8<L> average(U8<L> a, U8<L> b) {
@@ -366,6 +374,33 @@ LANE_OP U8<L> loadSomeParts(const uint8_t* p, ptrdiff_t n) {
   }
 }
 
+// The first `Part` bytes of lane j to p + j * Part; with n, no byte at or past p + n is touched.
+template <int Part, int L>
+LANE_OP void storeParts(uint8_t* p, U8<L> a) {
+  auto lane = [](uint8_t * to, __m128i part) __attribute__((always_inline)) {
+    if constexpr (Part == 8) {
+      _mm_storel_epi64(reinterpret_cast<__m128i*>(to), part);
+    } else {
+      detail::storeWord<uint32_t>(to, static_cast<uint32_t>(_mm_cvtsi128_si32(part)));
+    }
+  };
+  if constexpr (L == 1) {
+    lane(p, a.bits());
+  } else {
+    lane(p, _mm256_castsi256_si128(a.bits()));
+    lane(p + Part, _mm256_extracti128_si256(a.bits(), 1));
+  }
+}
+template <int Part, int L>
+LANE_OP void storeSomeParts(uint8_t* p, U8<L> a, ptrdiff_t n) {
+  if constexpr (L == 1) {
+    detail::storeLane(p, a.bits(), n);
+  } else {
+    detail::storeLane(p, _mm256_castsi256_si128(a.bits()), n < Part ? n : Part);
+    detail::storeLane(p + Part, _mm256_extracti128_si256(a.bits(), 1), n - Part);
+  }
+}
+
 // The bytes of the first n samples of a register, as a mask.
 template <class T, int L>
 LANE_OP Reg<T, L> firstSamples(ptrdiff_t n) {
@@ -376,6 +411,26 @@ template <class T, int L>
 LANE_OP Reg<T, L> choose(Reg<T, L> mask, Reg<T, L> a, Reg<T, L> b) {
   const U8<L> m = as<uint8_t>(mask);
   return (a & mask) | (b & as<T>(U8<L>::of(~m.v)));
+}
+
+// Every number moves up by one place; the last one of `before` comes first.
+template <int L>
+LANE_OP I16<L> shiftIn(I16<L> before, I16<L> now) {
+  if constexpr (L == 1) {
+    return I16<1>(_mm_alignr_epi8(now.bits(), before.bits(), 14));
+  } else {
+    const __m256i lower = _mm256_permute2x128_si256(before.bits(), now.bits(), 0x21);
+    return I16<2>(_mm256_alignr_epi8(now.bits(), lower, 14));
+  }
+}
+// The even and the odd bytes as 16-bit numbers.
+template <int L>
+LANE_OP I16<L> evenBytes(U8<L> a) {
+  return as<int16_t>(a) & I16<L>::splat(255);
+}
+template <int L>
+LANE_OP I16<L> oddBytes(U8<L> a) {
+  return as<int16_t>(shiftRight(as<uint16_t>(a), 8));
 }
 
 #undef BY_WIDTH

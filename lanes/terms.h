@@ -266,6 +266,16 @@ constexpr Range clamp8(Range a) {
   return a.require(a.within(-32768, 32767)).through([](int64_t v) { return std::clamp<int64_t>(v, 0, 255); });
 }
 
+// Limits to 1..254.
+template <class T, int L>
+LANE_OP ByteResult<L> lim(Reg<T, L> a) {
+  return {smaller(larger(as<int16_t>(a), I16<L>::splat(1)), I16<L>::splat(254))};
+}
+constexpr int lim(int a) { return std::clamp(a, 1, 254); }
+constexpr Range lim(Range a) {
+  return a.require(a.within(-32768, 32767)).through([](int64_t v) { return std::clamp<int64_t>(v, 1, 254); });
+}
+
 // A value that lies in 0..255 for all samples, which its interval proves.
 template <class T, int L>
 LANE_OP ByteResult<L> asByte(Reg<T, L> a) {
