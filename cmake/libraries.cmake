@@ -6,7 +6,12 @@ set(TOLK_SOURCES
     lumachroma/encoder_filtered.cpp
     lumachroma/encoders_420.cpp
     lumachroma/encoders_422.cpp
-    lumachroma/ycbcr.cpp)
+    lumachroma/encoder_gamma.cpp
+    lumachroma/v210.cpp
+    lumachroma/ycbcr.cpp
+    lumachroma/yuv.cpp
+    lumachroma/yuv_decoders.cpp
+    lumachroma/yuv_encoders.cpp)
 
 set(TOLK_WARNINGS -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wno-sign-conversion -Wno-psabi)
 if(TOLK_WERROR)

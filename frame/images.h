@@ -214,10 +214,15 @@ PlanarImage<const T, 3> from(const T* const* src, ptrdiff_t step) {
   auto plane = [&](int c) { return reinterpret_cast<const uint8_t*>(src[c]); };
   return {{plane(0), plane(1), plane(2)}, {step, step, step}};
 }
-template <class T>
-PlanarImage<T, 3> to(T* const* dst, ptrdiff_t step) {
-  auto plane = [&](int c) { return reinterpret_cast<uint8_t*>(dst[c]); };
-  return {{plane(0), plane(1), plane(2)}, {step, step, step}};
+// C planes with one step.
+template <int C = 3, class T>
+PlanarImage<T, C> to(T* const* dst, ptrdiff_t step) {
+  PlanarImage<T, C> image;
+  for (int c = 0; c < C; ++c) {
+    image.base[c] = reinterpret_cast<uint8_t*>(dst[c]);
+    image.step[c] = step;
+  }
+  return image;
 }
 
 }  // namespace tolk

@@ -42,6 +42,16 @@ TolkStatus oddSize(TolkSize roi) {
   return roi.width % Across != 0 || roi.height % Down != 0 ? tolkStatusOddSize : tolkStatusOk;
 }
 
+// Steps of the planes of an image without slack: 4:2:0 chroma rows lose an odd column, those of 4:2:2 keep it.
+struct Steps {
+  int32_t step[3];
+};
+inline Steps tightSteps420(TolkSize roi) { return {{roi.width, roi.width >> 1, roi.width >> 1}}; }
+inline Steps tightSteps422(TolkSize roi) {
+  const int32_t chroma = (roi.width >> 1) + (roi.width & 1);
+  return {{roi.width, chroma, chroma}};
+}
+
 namespace detail {
 
 // A form takes 16-bit numbers for bytes: each half of a byte register by itself.

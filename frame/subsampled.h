@@ -50,10 +50,11 @@ LumaRows<R> lumaRows(const uint8_t* plane, ptrdiff_t step, ptrdiff_t group) {
   return rows;
 }
 
-// Three planes, one chroma sample for Across by Down pixels.
-template <int Across, int Down>
+// Three planes, one chroma sample for Across by Down pixels. EveryColumn: the last group of a row may be a part of one.
+template <int Across, int Down, bool EveryColumn = false>
 struct PlanarGroups {
   static constexpr int kAcross = Across, kDown = Down;
+  static constexpr bool kEveryColumn = EveryColumn;
   struct Row {
     LumaRows<Down> luma;
     const uint8_t *cb, *cr;
@@ -189,6 +190,10 @@ template <int Across, int Down>
 PlanarGroups<Across, Down> fromCrFirst(const uint8_t* const* src, const int32_t* step) {
   return {{src[0], src[2], src[1]}, {step[0], step[2], step[1]}};
 }
+// 4:2:2 planes whose chroma rows have a sample for a last odd column too.
+inline PlanarGroups<2, 1, true> fromWholeRows422(const uint8_t* const* src, const int32_t* step) {
+  return {{src[0], src[1], src[2]}, {step[0], step[1], step[2]}};
+}
 template <int kCb>
 TwoPlaneGroups<kCb> fromTwoPlanes(const uint8_t* y, ptrdiff_t yStep, const uint8_t* pairs, ptrdiff_t pairStep) {
   return {{y, pairs}, {yStep, pairStep}};
@@ -286,7 +291,11 @@ LANE_OP void convertGroupRow(ptrdiff_t group, ptrdiff_t width, ptrdiff_t end, co
 template <class Source, class Target, int N, class BlockForm, class TailForm>
 requires(Source::kAcross > 1) TolkStatus
     rows(TolkSize roi, Source src, Target dst, Block<N, BlockForm> block, Tail<TailForm> tail) {
-  const ptrdiff_t width = roi.width & -Source::kAcross, end = roi.width & ~ptrdiff_t{N - 1};
+  constexpr bool kEveryColumn = [] {
+    if constexpr (requires { Source::kEveryColumn; }) return Source::kEveryColumn;
+    return false;
+  }();
+  const ptrdiff_t width = kEveryColumn ? roi.width : roi.width & -Source::kAcross, end = roi.width & ~ptrdiff_t{N - 1};
   for (ptrdiff_t group = 0; group < roi.height / Source::kDown; ++group) {
     detail::convertGroupRow(group, width, end, src, dst, block, tail.form);
     if constexpr (requires { Source::kLastColumn; }) {

@@ -533,6 +533,184 @@ TOLK_API TolkStatus tolkYCbCr411ToBGR_8u_P3C3R(const uint8_t* const src[3], cons
 TOLK_API TolkStatus tolkYCbCr411ToBGR_8u_P3C4R(const uint8_t* const src[3], const int32_t srcStep[3], uint8_t* dst,
                                                int32_t dstStep, TolkSize roi, uint8_t alpha);
 
+/* ==== RGB and YUV ==== */
+
+/** 8-bit RGB or BGR to and from analog-style YUV: full-scale Y with the luma weights of ITU-R BT.601 (0.299, 0.587,
+ * 0.114), U = 0.492 (B - Y) + 128 and V = 0.877 (R - Y) + 128. There is no studio range. V saturates at strong reds and
+ * cyans.
+ *
+ * With divisions rounding toward minus infinity, h(a, c) = a * c / 65536, u = U - 128, v = V - 128 and every result
+ * limited to 0..255:
+ *
+ * - forward B: Y = (R * 256 * 19595 / 65536 + G * 256 * 38469 / 65536 + B * 256 * 7471 / 65536) / 256,
+ *   U = (h(128 R, -4816) + h(128 G, -9469) + h(128 B, 14286)) / 64 + 128,
+ *   V = (h(128 R, 20152) + h(128 G, -16875) + h(128 B, -3276)) / 64 + 128
+ * - forward S, with t = 19595 R + 38470 G + 7471 B: Y = t / 65536,
+ *   U = (65536 B - t + 32767) / 65536 * 32244 / 65536 + 128, V = (65536 R - t + 32767) / 65536 * 57475 / 65536 + 128
+ * - forward R: forward S with Y = (t + 32768) / 65536 and with 32768 for 32767 in U and V
+ * - forward P: Y = (19595 R + 38469 G + 7471 B) / 65536, U = (-4816 R - 9469 G + 14286 B) / 32768 + 128,
+ *   V = (20152 R - 16875 G - 3276 B) / 32768 + 128
+ * - forward N, of a group of n pixels with the sums Rs, Gs, Bs: Y = (9798 R + 19235 G + 3736 B + 16384) / 32768 of each
+ *   pixel and, with t = 9798 Rs + 19235 Gs + 3736 Bs and d(s, c) = ((32768 s - t) / (256 n) * c + 16384) / 32768,
+ *   U = (d(Bs, 16121) + 64) / 128 + 128, V = (d(Rs, 28737) + 64) / 128 + 128
+ * - inverse B: R = Y + h(8 v, 9339), G = Y + h(8 u, -3228) + h(8 v, -4760), B = Y + h(8 u, 16646)
+ * - inverse W: R = (2 Y + h(16 v, 9338)) / 2, G = (2 Y + h(16 u, -3227) + h(16 v, -4759)) / 2,
+ *   B = (2 Y + h(16 u, 16645)) / 2
+ * - inverse R: R = (65536 Y + 74711 v + 32768) / 65536, G = (65536 Y - 25821 u - 38076 v) / 65536,
+ *   B = (65536 Y + 133169 u + 32768) / 65536
+ * - inverse Q: inverse R with + 32768 in G as well; inverse Z: inverse R without it in any of the three
+ *
+ * Planes are in the order of the name: Y, U, V and R, G, B. All planes of a side at full resolution share one step; a
+ * 4:2:2 or 4:2:0 side in planes has a step for each.
+ *
+ * 4:2:2: columns 2 i and 2 i + 1 share a chroma sample of the same row, and a last column of an odd width has one of
+ * its own: the chroma planes are (width + 1) / 2 wide, and every column is converted. The packed form holds Y0 U Y1 V,
+ * and of a last odd column Y and U: its rows are 2 * width bytes.
+ *
+ * 4:2:0: 2 by 2 pixels share a chroma sample. Whole groups are converted: of an odd width the last column, and of an
+ * odd height the last row, is neither read nor written, in luma too; at a width or height of 1 nothing is. Only
+ * tolkYUV420ToRGB_8u_P3AC4R reports that.
+ *
+ * The encoders of 4:2:2 and 4:2:0 use forward N in every column, with the pixels that share a chroma sample as a group:
+ * 2, or 1 for a last odd column, and 4. The decoders repeat a chroma sample over its pixels and, where their line says
+ * nothing else, use inverse W in `width & ~15` columns, then inverse Z.
+ *
+ * The forms without R convert a whole image without slack: the steps are 3 * width of a C3 side, width of a Y, R, G or
+ * B plane, (width + 1) / 2 of the chroma planes of 4:2:2 and width / 2 of those of 4:2:0.
+ *
+ * Any width and height from 1. Steps are not tested.
+ *
+ * Returns tolkStatusOk; tolkStatusNullPointer for a null pointer, pointer array or plane; tolkStatusBadSize for a width
+ * or height under 1; tolkStatusOddSize from the one function that says so. Pointers and planes are tested first, then
+ * the size. An array of steps must not be null.
+ */
+/** Forward B in `width & ~15` columns, then forward S. */
+TOLK_API TolkStatus tolkRGBToYUV_8u_C3R(const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                        TolkSize roi);
+/** Forward B in `width & ~15` columns, then forward S. */
+TOLK_API TolkStatus tolkRGBToYUV_8u_C3P3R(const uint8_t* src, int32_t srcStep, uint8_t* const dst[3], int32_t dstStep,
+                                          TolkSize roi);
+/** Forward B in `width & ~15` columns, then forward P. */
+TOLK_API TolkStatus tolkRGBToYUV_8u_P3R(const uint8_t* const src[3], int32_t srcStep, uint8_t* const dst[3],
+                                        int32_t dstStep, TolkSize roi);
+/** Forward R in every column. The source's fourth byte is not used, the destination's is left as it was. */
+TOLK_API TolkStatus tolkRGBToYUV_8u_AC4R(const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                         TolkSize roi);
+/** Forward N with n = 1 in every column; the source's fourth byte is copied to the fourth plane. */
+TOLK_API TolkStatus tolkRGBToYUV_8u_AC4P4R(const uint8_t* src, int32_t srcStep, uint8_t* const dst[4], int32_t dstStep,
+                                           TolkSize roi);
+/** Inverse B in `width & ~7` columns, then inverse R. */
+TOLK_API TolkStatus tolkYUVToRGB_8u_C3R(const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                        TolkSize roi);
+/** Inverse R in every column. The destination's fourth byte is left as it was. */
+TOLK_API TolkStatus tolkYUVToRGB_8u_AC4R(const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                         TolkSize roi);
+/** Inverse Z in every column. */
+TOLK_API TolkStatus tolkYUVToRGB_8u_P3R(const uint8_t* const src[3], int32_t srcStep, uint8_t* const dst[3],
+                                        int32_t dstStep, TolkSize roi);
+/** Inverse W in `width & ~15` columns, then inverse Z. */
+TOLK_API TolkStatus tolkYUVToRGB_8u_P3C3R(const uint8_t* const src[3], int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                          TolkSize roi);
+/** Inverse B in `width & ~7` columns, then inverse Q; the fourth byte is alpha. */
+TOLK_API TolkStatus tolkYUVToRGB_8u_C3C4R(const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                          TolkSize roi, uint8_t alpha);
+/** Packed 4:2:2; a last odd column writes its Y and U. */
+TOLK_API TolkStatus tolkRGBToYUV422_8u_C3C2R(const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                             TolkSize roi);
+/** Packed RGB to planar 4:2:2. */
+TOLK_API TolkStatus tolkRGBToYUV422_8u_C3P3R(const uint8_t* src, int32_t srcStep, uint8_t* const dst[3],
+                                             const int32_t dstStep[3], TolkSize roi);
+/** Planar RGB to planar 4:2:2. */
+TOLK_API TolkStatus tolkRGBToYUV422_8u_P3R(const uint8_t* const src[3], int32_t srcStep, uint8_t* const dst[3],
+                                           const int32_t dstStep[3], TolkSize roi);
+/** tolkRGBToYUV422_8u_C3P3R of a whole image without slack. */
+TOLK_API TolkStatus tolkRGBToYUV422_8u_C3P3(const uint8_t* src, uint8_t* const dst[3], TolkSize roi);
+/** tolkRGBToYUV422_8u_P3R of a whole image without slack. */
+TOLK_API TolkStatus tolkRGBToYUV422_8u_P3(const uint8_t* const src[3], uint8_t* const dst[3], TolkSize roi);
+/** Packed RGB to planar 4:2:0. */
+TOLK_API TolkStatus tolkRGBToYUV420_8u_C3P3R(const uint8_t* src, int32_t srcStep, uint8_t* const dst[3],
+                                             const int32_t dstStep[3], TolkSize roi);
+/** Planar RGB to planar 4:2:0. */
+TOLK_API TolkStatus tolkRGBToYUV420_8u_P3R(const uint8_t* const src[3], int32_t srcStep, uint8_t* const dst[3],
+                                           const int32_t dstStep[3], TolkSize roi);
+/** tolkRGBToYUV420_8u_C3P3R of a whole image without slack. */
+TOLK_API TolkStatus tolkRGBToYUV420_8u_C3P3(const uint8_t* src, uint8_t* const dst[3], TolkSize roi);
+/** tolkRGBToYUV420_8u_P3R of a whole image without slack. */
+TOLK_API TolkStatus tolkRGBToYUV420_8u_P3(const uint8_t* const src[3], uint8_t* const dst[3], TolkSize roi);
+/** Packed BGR to planar 4:2:0. The source's fourth byte is not used. */
+TOLK_API TolkStatus tolkBGRToYUV420_8u_AC4P3R(const uint8_t* src, int32_t srcStep, uint8_t* const dst[3],
+                                              const int32_t dstStep[3], TolkSize roi);
+/** Inverse W in `width & ~15` columns, then inverse Q. No byte at or past 2 * width of a source row is read: a last odd
+ * column takes V of the pair before or, at width 1, its U for both. */
+TOLK_API TolkStatus tolkYUV422ToRGB_8u_C2C3R(const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                             TolkSize roi);
+/** Planar 4:2:2 to packed RGB. */
+TOLK_API TolkStatus tolkYUV422ToRGB_8u_P3C3R(const uint8_t* const src[3], const int32_t srcStep[3], uint8_t* dst,
+                                             int32_t dstStep, TolkSize roi);
+/** Planar 4:2:2 to packed RGB. The destination's fourth byte is left as it was. */
+TOLK_API TolkStatus tolkYUV422ToRGB_8u_P3AC4R(const uint8_t* const src[3], const int32_t srcStep[3], uint8_t* dst,
+                                              int32_t dstStep, TolkSize roi);
+/** Planar 4:2:2 to planar RGB. */
+TOLK_API TolkStatus tolkYUV422ToRGB_8u_P3R(const uint8_t* const src[3], const int32_t srcStep[3], uint8_t* const dst[3],
+                                           int32_t dstStep, TolkSize roi);
+/** tolkYUV422ToRGB_8u_P3C3R of a whole image without slack. */
+TOLK_API TolkStatus tolkYUV422ToRGB_8u_P3C3(const uint8_t* const src[3], uint8_t* dst, TolkSize roi);
+/** tolkYUV422ToRGB_8u_P3R of a whole image without slack. */
+TOLK_API TolkStatus tolkYUV422ToRGB_8u_P3(const uint8_t* const src[3], uint8_t* const dst[3], TolkSize roi);
+/** Planar 4:2:0 to packed RGB. */
+TOLK_API TolkStatus tolkYUV420ToRGB_8u_P3C3R(const uint8_t* const src[3], const int32_t srcStep[3], uint8_t* dst,
+                                             int32_t dstStep, TolkSize roi);
+/** Planar 4:2:0 to packed BGR. */
+TOLK_API TolkStatus tolkYUV420ToBGR_8u_P3C3R(const uint8_t* const src[3], const int32_t srcStep[3], uint8_t* dst,
+                                             int32_t dstStep, TolkSize roi);
+/** Planar 4:2:0 to packed RGB. The destination's fourth byte is left as it was. Returns tolkStatusOddSize, after the
+ * work, for an odd width or height. */
+TOLK_API TolkStatus tolkYUV420ToRGB_8u_P3AC4R(const uint8_t* const src[3], const int32_t srcStep[3], uint8_t* dst,
+                                              int32_t dstStep, TolkSize roi);
+/** Planar 4:2:0 to planar RGB. */
+TOLK_API TolkStatus tolkYUV420ToRGB_8u_P3R(const uint8_t* const src[3], const int32_t srcStep[3], uint8_t* const dst[3],
+                                           int32_t dstStep, TolkSize roi);
+/** tolkYUV420ToRGB_8u_P3C3R of a whole image without slack. */
+TOLK_API TolkStatus tolkYUV420ToRGB_8u_P3C3(const uint8_t* const src[3], uint8_t* dst, TolkSize roi);
+/** tolkYUV420ToRGB_8u_P3R of a whole image without slack. */
+TOLK_API TolkStatus tolkYUV420ToRGB_8u_P3(const uint8_t* const src[3], uint8_t* const dst[3], TolkSize roi);
+
+/* ==== v210 and the gamma encoder ==== */
+
+/** Decoders of v210, the packing of 10-bit 4:2:2 video, and an encoder of packed 4:2:2 through the gamma curve.
+ *
+ * A v210 word holds three 10-bit samples in bits 0..9, 10..19 and 20..29; bits 30 and 31 are ignored. Four words hold
+ * six pixels, in the order Cb0 Y0 Cr0 Y1 Cb1 Y2 Cr1 Y3 Cb2 Y4 Cr2 Y5; a chroma pair serves two pixels. The steps of
+ * these three functions count elements, not bytes: row y is at src + y * srcStep words and at dst + y * dstStep samples
+ * of 16 bits. The width need not be a multiple of six: of a row's last group no word past the last one used is read,
+ * and nothing past the width is written.
+ *
+ * The colour decoders apply the matrix of ITU-R BT.709 without studio range, in single precision, each operation
+ * rounded on its own, with u = Cb - 512 and v = Cr - 512: R = Y + 1.54 v, G = (Y + -0.183 u) + -0.459 v,
+ * B = Y + 1.816 u. Each value has 0.5 added, is truncated to an integer and limited to its field, R and B to 0..31 and
+ * G to 0..63. It is not scaled to the field, so only the bottom of the 10-bit range reaches the fields unsaturated.
+ *
+ * The encoder is tolkRGBToCbYCr422_8u_C3C2R of the source with each sample replaced by an entry of the 8-bit table of
+ * the gamma curve of ITU-R BT.709. With t = i / 255 in double precision, entry i is 4.5 i where t is under 0.018 and
+ * 255 (1.099 t^0.45 - 0.099), brought to single precision, elsewhere; each rounded to an integer, ties to even.
+ *
+ * Any width and height from 1. The decoders return tolkStatusOk; tolkStatusNullPointer for a null pointer;
+ * tolkStatusBadSize for a width, height or step under 1. Pointers are tested first. The encoder returns the same but
+ * does not test its steps, which count bytes.
+ */
+/** One word a pixel: B in bits 11..15, G in bits 5..10, R in bits 0..4. */
+TOLK_API TolkStatus tolkYUV422v210ToRGB_709HDTV_32u16u_C3(const uint32_t* src, int32_t srcStep, uint16_t* dst,
+                                                          int32_t dstStep, TolkSize roi);
+/** One word a pixel: R in bits 11..15, G in bits 5..10, B in bits 0..4. */
+TOLK_API TolkStatus tolkYUV422v210ToBGR_709HDTV_32u16u_C3(const uint32_t* src, int32_t srcStep, uint16_t* dst,
+                                                          int32_t dstStep, TolkSize roi);
+/** The 10-bit Y of each pixel, unchanged. */
+TOLK_API TolkStatus tolkYUV422v210ToGray_709HDTV_32u16u_C3C1(const uint32_t* src, int32_t srcStep, uint16_t* dst,
+                                                             int32_t dstStep, TolkSize roi);
+/** Gamma table, then tolkRGBToCbYCr422_8u_C3C2R: the same blocks, tail, first pair and last odd column. */
+TOLK_API TolkStatus tolkRGBToCbYCr422Gamma_8u_C3C2R(const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                                    TolkSize roi);
+
 #ifdef __cplusplus
 }
 #endif

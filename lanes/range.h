@@ -45,4 +45,13 @@ consteval bool fitsLanes(auto... samples) {
   return true;
 }
 
+inline constexpr Range kPairSum{0, 510}, kFourSum{0, 1020};
+
+// True if luma of bytes and chroma of sums of them stay in their lanes.
+template <class Form>
+consteval bool fitsGroups(Range sum) {
+  const auto [cb, cr] = Form::chroma(sum, sum, sum);
+  return Form::luma(kByte, kByte, kByte).fits && cb.fits && cr.fits;
+}
+
 }  // namespace tolk

@@ -153,6 +153,16 @@ constexpr Range rnd10(Range s, Factor c) {
   return s.require(s.within(-1024, 1023)).through([&](int64_t v) { return rnd10(static_cast<int>(v), c); });
 }
 
+// x * c / 32768, rounded.
+template <int L>
+LANE_OP I16<L> rnd15(I16<L> x, Factor c) {
+  return mulRound(x, I16<L>::splat(static_cast<int16_t>(c.value)));
+}
+constexpr int rnd15(int x, Factor c) { return (x * c.value + 16384) >> 15; }
+constexpr Range rnd15(Range x, Factor c) {
+  return x.through([&](int64_t v) { return rnd15(static_cast<int>(v), c); });
+}
+
 // ---- Exact sums of weighted samples in 32 bits: `weight * sample`, added up, then divided by fl ----
 //
 // Products are made two at a time by 16-bit factors. A wider weight is split into a multiple of 65536 and a 16-bit

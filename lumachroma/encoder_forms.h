@@ -8,15 +8,6 @@
 
 namespace tolk {
 
-inline constexpr Range kPairSum{0, 510}, kFourSum{0, 1020};
-
-// True if luma of bytes and chroma of sums of them stay in their lanes.
-template <class Form>
-consteval bool fitsGroups(Range sum) {
-  const auto [cb, cr] = Form::chroma(sum, sum, sum);
-  return Form::luma(kByte, kByte, kByte).fits && cb.fits && cr.fits;
-}
-
 // ---- Blocks of rounded products, units of 1/64 ----
 
 template <int kBias>

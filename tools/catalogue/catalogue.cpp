@@ -39,12 +39,14 @@ std::vector<PlaneShape> planeShapes(const SideInfo& side, TolkSize roi) {
   auto plane = [&](int64_t columns, int64_t rows, int channels) {
     return PlaneShape{(columns * channels * bits + 7) / 8, rows, channels};
   };
+  if (side.space.ends_with("v210")) return {{(width + 5) / 6 * 16, height, 1}};
   int across = 1, down = 1;
   if (side.space.ends_with("422")) across = 2;
   if (side.space.ends_with("420")) across = down = 2;
   if (side.space.ends_with("411")) across = 4;
   if (side.space.ends_with("1620")) across = down = 4;
-  const int64_t chromaWidth = (width + across - 1) / across, chromaHeight = (height + down - 1) / down;
+  const int64_t chromaWidth = side.tight && down > 1 ? width / across : (width + across - 1) / across;
+  const int64_t chromaHeight = (height + down - 1) / down;
   const int count = side.layout.back() - '0';
   if (side.layout == "P2") return {plane(width, height, 1), plane(chromaWidth, chromaHeight, 2)};
   if (side.layout.find('P') == std::string_view::npos) return {plane(width, height, count)};

@@ -30,6 +30,7 @@ struct SideInfo {
   std::string_view space;   // "RGB", "YCbCr422"
   std::string_view layout;  // "C3", "P2", "AC4"
   std::string_view sample;  // "8u", "32f"
+  bool tight = false;       // the call takes no steps: rows stand without slack, and 4:2:0 chroma loses an odd column
 };
 
 struct Parameter {

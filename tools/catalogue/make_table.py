@@ -36,11 +36,13 @@ def spaces(operation):
     source, target = match.groups()
     if SUBSAMPLING.fullmatch(target):  # YCbCr422To420: the target keeps the source's colour space
         target = SUBSAMPLING.sub("", source) + target
-    return source.replace("v210", ""), target.replace("Gamma", "")
+    if source.endswith("v210"):  # six pixels in four words to one word of 5, 6 and 5 bits a pixel, or one of gray
+        return source, target if target == "Gray" else target + "565"
+    return source, target.replace("Gamma", "")
 
 
-def argument(kind, name):
-    """The expression that binds one parameter to a Call."""
+def argument(kind, name, element_steps):
+    """The expression that binds one parameter to a Call. Steps of a Call are bytes."""
     for side in ("srcDst", "src", "dst"):
         match = re.fullmatch(side + r"(Y|CbCr|CrCb)?(Step)?(\[\d\])?", name)
         if not match:
@@ -51,7 +53,10 @@ def argument(kind, name):
         element = kind.split("*")[0].strip()
         if step:
             element = element.replace("const ", "")
-            return f"Steps<{element}>(c.{place})" if array else f"static_cast<{element}>(c.{place}.step[{index}])"
+            value = f"c.{place}.step[{index}]"
+            if element_steps:
+                value += " / 4" if place == "src" else " / 2"
+            return f"Steps<{element}>(c.{place})" if array else f"static_cast<{element}>({value})"
         return f"Planes<{element}>(c.{place})" if array else f"static_cast<{element}*>(c.{place}.plane[{index}])"
     return "c." + name
 
@@ -93,12 +98,15 @@ def main():
                 in_place = part["inPlace1"] or part["inPlace2"]
                 arguments = parameters(text)
                 listed = ", ".join(f"{{{quoted(kind)}, {quoted(label)}}}" for kind, label in arguments)
-                call = ", ".join(argument(kind, label) for kind, label in arguments)
+                v210 = source.endswith("v210")
+                tight = not any("Step" in label for kind, label in arguments)
+                call = ", ".join(argument(kind, label, v210) for kind, label in arguments)
+                target_layout = "C1" if v210 else part["dstLayout"] or part["srcLayout"]
                 print(f"{{{quoted(name)}, {quoted(family)}, {quoted(part['operation'])}, "
                       f"{quoted(part['variants'].strip('_'))},\n"
-                      f" {{{quoted(source)}, {quoted(part['srcLayout'])}, {quoted(part['srcType'])}}},\n"
-                      f" {{{quoted(target)}, {quoted(part['dstLayout'] or part['srcLayout'])}, "
-                      f"{quoted(part['dstType'] or part['srcType'])}}},\n"
+                      f" {{{quoted(source)}, {quoted(part['srcLayout'])}, {quoted(part['srcType'])}, {str(tight).lower()}}},\n"
+                      f" {{{quoted(target)}, {quoted(target_layout)}, "
+                      f"{quoted(part['dstType'] or part['srcType'])}, {str(tight).lower()}}},\n"
                       f" {'true' if in_place else 'false'}, {{{listed}}},\n"
                       f" {quoted(family_text)},\n {quoted(note)},\n"
                       f" reinterpret_cast<void*>(&FUNCTION_SCOPE {name}),\n"
