@@ -55,32 +55,42 @@ struct PlanarTarget {
   ptrdiff_t step[3];
 };
 
-// A luma plane and one of chroma pairs, Cb first, 4:2:0.
+// A luma plane and one of chroma pairs; Cb is the byte kCb of a pair.
+template <int Across, int Down, int kCb>
 struct TwoPlaneTarget {
-  static constexpr int kAcross = 2, kDown = 2;
+  static constexpr int kAcross = Across, kDown = Down, kPart = 32 / Across;
   struct Row {
-    uint8_t* luma[2];
+    uint8_t* luma[Down];
     uint8_t* pairs;
 
     template <int L>
-    LANE_OP void store(ptrdiff_t x, const Registers<uint8_t, L, 2>& Y, GroupChroma<L> chroma) const {
-      unrolled<2>([&](auto k) __attribute__((always_inline)) { storeLanes<16>(luma[k] + x, Y[k]); });
-      storeLanes<16>(pairs + x, pick(chroma.both, everyLane<L>(detail::kCbFirst)));
+    LANE_OP void store(ptrdiff_t x, const Registers<uint8_t, L, Down>& Y, GroupChroma<L> chroma) const {
+      unrolled<Down>([&](auto k) __attribute__((always_inline)) { storeLanes<16>(luma[k] + x, Y[k]); });
+      storeParts<kPart>(pairs + x * 2 / Across, paired(chroma));
     }
     template <int L>
-    LANE_OP void storeSome(ptrdiff_t x, ptrdiff_t pixels, const Registers<uint8_t, L, 2>& Y,
+    LANE_OP void storeSome(ptrdiff_t x, ptrdiff_t pixels, const Registers<uint8_t, L, Down>& Y,
                            GroupChroma<L> chroma) const {
-      unrolled<2>([&](auto k) __attribute__((always_inline)) { storeBytes<16>(luma[k] + x, Y[k], pixels); });
-      storeBytes<16>(pairs + x, pick(chroma.both, everyLane<L>(detail::kCbFirst)), pixels);
+      unrolled<Down>([&](auto k) __attribute__((always_inline)) { storeBytes<16>(luma[k] + x, Y[k], pixels); });
+      storeSomeParts<kPart>(pairs + x * 2 / Across, paired(chroma), pixels * 2 / Across);
     }
     void setLuma(int k, ptrdiff_t x, int value) const { luma[k][x] = static_cast<uint8_t>(value); }
     void setChroma(ptrdiff_t x, std::array<int, 2> chroma) const {
-      pairs[x] = static_cast<uint8_t>(chroma[0]);
-      pairs[x + 1] = static_cast<uint8_t>(chroma[1]);
+      pairs[x / Across * 2 + kCb] = static_cast<uint8_t>(chroma[0]);
+      pairs[x / Across * 2 + 1 - kCb] = static_cast<uint8_t>(chroma[1]);
+    }
+
+   private:
+    template <int L>
+    LANE_OP static U8<L> paired(GroupChroma<L> chroma) {
+      return pick(chroma.both, everyLane<L>(kCb == 0 ? detail::kCbFirst : detail::kCrFirst));
     }
   };
   Row row(ptrdiff_t group) const {
-    return {{plane[0] + 2 * group * step[0], plane[0] + (2 * group + 1) * step[0]}, plane[1] + group * step[1]};
+    Row row;
+    for (int k = 0; k < Down; ++k) row.luma[k] = plane[0] + (group * Down + k) * step[0];
+    row.pairs = plane[1] + group * step[1];
+    return row;
   }
 
   uint8_t* plane[2];
@@ -144,7 +154,8 @@ template <int Across, int Down>
 PlanarTarget<Across, Down> toCrFirst(uint8_t* const* dst, const int32_t* step) {
   return {{dst[0], dst[2], dst[1]}, {step[0], step[2], step[1]}};
 }
-inline TwoPlaneTarget toTwoPlanes(uint8_t* y, ptrdiff_t yStep, uint8_t* pairs, ptrdiff_t pairStep) {
+template <int Across, int Down, int kCb = 0>
+TwoPlaneTarget<Across, Down, kCb> toTwoPlanes(uint8_t* y, ptrdiff_t yStep, uint8_t* pairs, ptrdiff_t pairStep) {
   return {{y, pairs}, {yStep, pairStep}};
 }
 

@@ -12,17 +12,9 @@ struct GroupSamples {
   U8<L> cb, cr;
 };
 
-namespace detail {
-
-// Eight bytes of a lane, every `stride` bytes from `first`.
-constexpr Places everyOther(int first, int stride) {
-  Places places{};
-  for (int b = 0; b < 16; ++b) places.at[b] = static_cast<int8_t>(b < 16 / stride ? first + b * stride : -1);
-  return places;
-}
-inline constexpr Places kEvenBytes = everyOther(0, 2), kOddBytes = everyOther(1, 2);
-
-}  // namespace detail
+// Every other byte of a lane, to its lower half.
+inline constexpr Places kEvenPlaces = {{0, 2, 4, 6, 8, 10, 12, 14, -1, -1, -1, -1, -1, -1, -1, -1}};
+inline constexpr Places kOddPlaces = {{1, 3, 5, 7, 9, 11, 13, 15, -1, -1, -1, -1, -1, -1, -1, -1}};
 
 // Luma rows that share a row of chroma.
 template <int R>
@@ -80,36 +72,36 @@ struct PlanarGroups {
   ptrdiff_t step[3];
 };
 
-// A luma plane and one of chroma pairs, 4:2:0; Cb is the byte kCb of a pair.
-template <int kCb>
+// A luma plane and one of chroma pairs; Cb is the byte kCb of a pair.
+template <int Across, int Down, int kCb>
 struct TwoPlaneGroups {
-  static constexpr int kAcross = 2, kDown = 2;
+  static constexpr int kAcross = Across, kDown = Down;
   struct Row {
-    LumaRows<2> luma;
+    LumaRows<Down> luma;
     const uint8_t* pairs;
 
     template <int L>
-    LANE_OP GroupSamples<2, L> load(ptrdiff_t x) const {
-      return split(luma.load<L>(x), loadLanes<16, uint8_t, L>(pairs + x));
+    LANE_OP GroupSamples<Down, L> load(ptrdiff_t x) const {
+      return split(luma.template load<L>(x), loadParts<32 / Across, L>(pairs + x * 2 / Across));
     }
     template <int L>
-    LANE_OP GroupSamples<2, L> loadSome(ptrdiff_t x, ptrdiff_t pixels) const {
-      return split(luma.loadSome<L>(x, pixels), loadBytes<16, uint8_t, L>(pairs + x, pixels));
+    LANE_OP GroupSamples<Down, L> loadSome(ptrdiff_t x, ptrdiff_t pixels) const {
+      return split(luma.template loadSome<L>(x, pixels),
+                   loadSomeParts<32 / Across, L>(pairs + x * 2 / Across, pixels * 2 / Across));
     }
     std::array<int, 3> loadPixel(int k, ptrdiff_t x) const {
-      const uint8_t* pair = pairs + x / 2 * 2;
+      const uint8_t* pair = pairs + x / Across * 2;
       return {luma.base[k][x], pair[kCb], pair[1 - kCb]};
     }
 
    private:
     template <int L>
-    LANE_OP static GroupSamples<2, L> split(const Registers<uint8_t, L, 2>& y, U8<L> both) {
-      const U8<L> even = pick(both, everyLane<L>(detail::kEvenBytes)),
-                  odd = pick(both, everyLane<L>(detail::kOddBytes));
+    LANE_OP static GroupSamples<Down, L> split(const Registers<uint8_t, L, Down>& y, U8<L> both) {
+      const U8<L> even = pick(both, everyLane<L>(kEvenPlaces)), odd = pick(both, everyLane<L>(kOddPlaces));
       return {y, kCb == 0 ? even : odd, kCb == 0 ? odd : even};
     }
   };
-  Row row(ptrdiff_t group) const { return {lumaRows<2>(plane[0], step[0], group), plane[1] + group * step[1]}; }
+  Row row(ptrdiff_t group) const { return {lumaRows<Down>(plane[0], step[0], group), plane[1] + group * step[1]}; }
 
   const uint8_t* plane[2];
   ptrdiff_t step[2];
@@ -194,8 +186,9 @@ PlanarGroups<Across, Down> fromCrFirst(const uint8_t* const* src, const int32_t*
 inline PlanarGroups<2, 1, true> fromWholeRows422(const uint8_t* const* src, const int32_t* step) {
   return {{src[0], src[1], src[2]}, {step[0], step[1], step[2]}};
 }
-template <int kCb>
-TwoPlaneGroups<kCb> fromTwoPlanes(const uint8_t* y, ptrdiff_t yStep, const uint8_t* pairs, ptrdiff_t pairStep) {
+template <int Across, int Down, int kCb = 0>
+TwoPlaneGroups<Across, Down, kCb> fromTwoPlanes(const uint8_t* y, ptrdiff_t yStep, const uint8_t* pairs,
+                                                ptrdiff_t pairStep) {
   return {{y, pairs}, {yStep, pairStep}};
 }
 

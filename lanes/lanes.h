@@ -355,7 +355,9 @@ LANE_OP U8<L> loadParts(const uint8_t* p) {
     if constexpr (Part == 8) return _mm_loadl_epi64(reinterpret_cast<const __m128i*>(p + j * Part));
     return _mm_cvtsi32_si128(static_cast<int>(detail::loadWord<uint32_t>(p + j * Part)));
   };
-  if constexpr (L == 1) {
+  if constexpr (Part == 16) {
+    return loadLanes<16, uint8_t, L>(p);
+  } else if constexpr (L == 1) {
     return U8<1>(lane(0));
   } else {
     return U8<2>(_mm256_set_m128i(lane(1), lane(0)));
@@ -384,7 +386,9 @@ LANE_OP void storeParts(uint8_t* p, U8<L> a) {
       detail::storeWord<uint32_t>(to, static_cast<uint32_t>(_mm_cvtsi128_si32(part)));
     }
   };
-  if constexpr (L == 1) {
+  if constexpr (Part == 16) {
+    storeLanes<16>(p, a);
+  } else if constexpr (L == 1) {
     lane(p, a.bits());
   } else {
     lane(p, _mm256_castsi256_si128(a.bits()));

@@ -93,7 +93,7 @@ TolkStatus tolkYCbCr420ToBGR_8u_P3C4R(const uint8_t* const src[3], const int32_t
 TolkStatus tolkYCbCr420ToRGB_8u_P2C3R(const uint8_t* srcY, int32_t srcYStep, const uint8_t* srcCbCr,
                                       int32_t srcCbCrStep, uint8_t* dst, int32_t dstStep, TolkSize roi) {
   if (auto fault = check(pointers(srcY, srcCbCr, dst), size(roi))) return fault;
-  rows(wholeGroups<2, 2>(roi), fromTwoPlanes<0>(srcY, srcYStep, srcCbCr, srcCbCrStep), to<RGB3>(dst, dstStep),
+  rows(wholeGroups<2, 2>(roi), fromTwoPlanes<2, 2>(srcY, srcYStep, srcCbCr, srcCbCrStep), to<RGB3>(dst, dstStep),
        InverseD<kD2>{});
   return oddSize<2, 2>(roi);
 }
@@ -101,7 +101,7 @@ TolkStatus tolkYCbCr420ToRGB_8u_P2C3R(const uint8_t* srcY, int32_t srcYStep, con
 TolkStatus tolkYCbCr420ToBGR_8u_P2C3R(const uint8_t* srcY, int32_t srcYStep, const uint8_t* srcCbCr,
                                       int32_t srcCbCrStep, uint8_t* dst, int32_t dstStep, TolkSize roi) {
   if (auto fault = check(pointers(srcY, srcCbCr, dst), size(roi))) return fault;
-  rows(wholeGroups<2, 2>(roi), fromTwoPlanes<0>(srcY, srcYStep, srcCbCr, srcCbCrStep), to<BGR3>(dst, dstStep),
+  rows(wholeGroups<2, 2>(roi), fromTwoPlanes<2, 2>(srcY, srcYStep, srcCbCr, srcCbCrStep), to<BGR3>(dst, dstStep),
        InverseD<kD2>{});
   return oddSize<2, 2>(roi);
 }
@@ -109,7 +109,7 @@ TolkStatus tolkYCbCr420ToBGR_8u_P2C3R(const uint8_t* srcY, int32_t srcYStep, con
 TolkStatus tolkYCbCr420ToRGB_8u_P2C4R(const uint8_t* srcY, int32_t srcYStep, const uint8_t* srcCbCr,
                                       int32_t srcCbCrStep, uint8_t* dst, int32_t dstStep, TolkSize roi, uint8_t alpha) {
   if (auto fault = check(pointers(srcY, srcCbCr, dst), size(roi))) return fault;
-  rows(wholeGroups<2, 2>(roi), fromTwoPlanes<0>(srcY, srcYStep, srcCbCr, srcCbCrStep),
+  rows(wholeGroups<2, 2>(roi), fromTwoPlanes<2, 2>(srcY, srcYStep, srcCbCr, srcCbCrStep),
        to<RGB4>(dst, dstStep, Set{alpha}), InverseD<kD2>{});
   return oddSize<2, 2>(roi);
 }
@@ -117,7 +117,7 @@ TolkStatus tolkYCbCr420ToRGB_8u_P2C4R(const uint8_t* srcY, int32_t srcYStep, con
 TolkStatus tolkYCbCr420ToBGR_8u_P2C4R(const uint8_t* srcY, int32_t srcYStep, const uint8_t* srcCbCr,
                                       int32_t srcCbCrStep, uint8_t* dst, int32_t dstStep, TolkSize roi, uint8_t alpha) {
   if (auto fault = check(pointers(srcY, srcCbCr, dst), size(roi))) return fault;
-  rows(wholeGroups<2, 2>(roi), fromTwoPlanes<0>(srcY, srcYStep, srcCbCr, srcCbCrStep),
+  rows(wholeGroups<2, 2>(roi), fromTwoPlanes<2, 2>(srcY, srcYStep, srcCbCr, srcCbCrStep),
        to<BGR4>(dst, dstStep, Set{alpha}), InverseD<kD2>{});
   return oddSize<2, 2>(roi);
 }
@@ -125,7 +125,7 @@ TolkStatus tolkYCbCr420ToBGR_8u_P2C4R(const uint8_t* srcY, int32_t srcYStep, con
 TolkStatus tolkYCrCb420ToRGB_8u_P2C3R(const uint8_t* srcY, int32_t srcYStep, const uint8_t* srcCbCr,
                                       int32_t srcCbCrStep, uint8_t* dst, int32_t dstStep, TolkSize roi) {
   if (auto fault = check(pointers(srcY, srcCbCr, dst), size(roi))) return fault;
-  rows(wholeGroups<2, 2>(roi), fromTwoPlanes<1>(srcY, srcYStep, srcCbCr, srcCbCrStep), to<RGB3>(dst, dstStep),
+  rows(wholeGroups<2, 2>(roi), fromTwoPlanes<2, 2, 1>(srcY, srcYStep, srcCbCr, srcCbCrStep), to<RGB3>(dst, dstStep),
        InverseD<kD3>{});
   return oddSize<2, 2>(roi);
 }
@@ -133,7 +133,7 @@ TolkStatus tolkYCrCb420ToRGB_8u_P2C3R(const uint8_t* srcY, int32_t srcYStep, con
 TolkStatus tolkYCrCb420ToBGR_8u_P2C3R(const uint8_t* srcY, int32_t srcYStep, const uint8_t* srcCbCr,
                                       int32_t srcCbCrStep, uint8_t* dst, int32_t dstStep, TolkSize roi) {
   if (auto fault = check(pointers(srcY, srcCbCr, dst), size(roi))) return fault;
-  rows(wholeGroups<2, 2>(roi), fromTwoPlanes<1>(srcY, srcYStep, srcCbCr, srcCbCrStep), to<BGR3>(dst, dstStep),
+  rows(wholeGroups<2, 2>(roi), fromTwoPlanes<2, 2, 1>(srcY, srcYStep, srcCbCr, srcCbCrStep), to<BGR3>(dst, dstStep),
        InverseD<kD3>{});
   return oddSize<2, 2>(roi);
 }
@@ -141,7 +141,7 @@ TolkStatus tolkYCrCb420ToBGR_8u_P2C3R(const uint8_t* srcY, int32_t srcYStep, con
 TolkStatus tolkYCrCb420ToRGB_8u_P2C4R(const uint8_t* srcY, int32_t srcYStep, const uint8_t* srcCbCr,
                                       int32_t srcCbCrStep, uint8_t* dst, int32_t dstStep, TolkSize roi, uint8_t alpha) {
   if (auto fault = check(size(roi), pointers(srcY, srcCbCr, dst))) return fault;
-  rows(wholeGroups<2, 2>(roi), fromTwoPlanes<1>(srcY, srcYStep, srcCbCr, srcCbCrStep),
+  rows(wholeGroups<2, 2>(roi), fromTwoPlanes<2, 2, 1>(srcY, srcYStep, srcCbCr, srcCbCrStep),
        to<RGB4>(dst, dstStep, Set{alpha}), InverseD<kD3>{});
   return oddSize<2, 2>(roi);
 }
@@ -149,7 +149,7 @@ TolkStatus tolkYCrCb420ToRGB_8u_P2C4R(const uint8_t* srcY, int32_t srcYStep, con
 TolkStatus tolkYCrCb420ToBGR_8u_P2C4R(const uint8_t* srcY, int32_t srcYStep, const uint8_t* srcCbCr,
                                       int32_t srcCbCrStep, uint8_t* dst, int32_t dstStep, TolkSize roi, uint8_t alpha) {
   if (auto fault = check(size(roi), pointers(srcY, srcCbCr, dst))) return fault;
-  rows(wholeGroups<2, 2>(roi), fromTwoPlanes<1>(srcY, srcYStep, srcCbCr, srcCbCrStep),
+  rows(wholeGroups<2, 2>(roi), fromTwoPlanes<2, 2, 1>(srcY, srcYStep, srcCbCr, srcCbCrStep),
        to<BGR4>(dst, dstStep, Set{alpha}), InverseD<kD3>{});
   return oddSize<2, 2>(roi);
 }

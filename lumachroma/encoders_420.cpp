@@ -24,7 +24,7 @@ TolkStatus tolkBGRToYCrCb420_8u_C3P3R(const uint8_t* src, int32_t srcStep, uint8
 TolkStatus tolkBGRToYCbCr420_8u_C3P2R(const uint8_t* src, int32_t srcStep, uint8_t* dstY, int32_t dstYStep,
                                       uint8_t* dstCbCr, int32_t dstCbCrStep, TolkSize roi) {
   if (auto fault = check(pointers(src, dstY, dstCbCr), size(roi))) return fault;
-  rows(wholeGroups<2, 2>(roi), from<BGR3>(src, srcStep), toTwoPlanes(dstY, dstYStep, dstCbCr, dstCbCrStep),
+  rows(wholeGroups<2, 2>(roi), from<BGR3>(src, srcStep), toTwoPlanes<2, 2>(dstY, dstYStep, dstCbCr, dstCbCrStep),
        block<8>(BlockH<1026>{}), tail(FourTail{}));
   return oddSize<2, 2>(roi);
 }
@@ -32,7 +32,7 @@ TolkStatus tolkBGRToYCbCr420_8u_C3P2R(const uint8_t* src, int32_t srcStep, uint8
 TolkStatus tolkBGRToYCbCr420_8u_AC4P2R(const uint8_t* src, int32_t srcStep, uint8_t* dstY, int32_t dstYStep,
                                        uint8_t* dstCbCr, int32_t dstCbCrStep, TolkSize roi) {
   if (auto fault = check(pointers(src, dstY, dstCbCr), size(roi))) return fault;
-  rows(wholeGroups<2, 2>(roi), from<BGR4>(src, srcStep), toTwoPlanes(dstY, dstYStep, dstCbCr, dstCbCrStep),
+  rows(wholeGroups<2, 2>(roi), from<BGR4>(src, srcStep), toTwoPlanes<2, 2>(dstY, dstYStep, dstCbCr, dstCbCrStep),
        block<8>(BlockH<1026>{}), tail(FourTail{}));
   return oddSize<2, 2>(roi);
 }
@@ -40,7 +40,7 @@ TolkStatus tolkBGRToYCbCr420_8u_AC4P2R(const uint8_t* src, int32_t srcStep, uint
 TolkStatus tolkRGBToYCbCr420_8u_C3P2R(const uint8_t* src, int32_t srcStep, uint8_t* dstY, int32_t dstYStep,
                                       uint8_t* dstCbCr, int32_t dstCbCrStep, TolkSize roi) {
   if (auto fault = check(pointers(src, dstY, dstCbCr), size(roi))) return fault;
-  rows(wholeGroups<2, 2>(roi), from<RGB3>(src, srcStep), toTwoPlanes(dstY, dstYStep, dstCbCr, dstCbCrStep),
+  rows(wholeGroups<2, 2>(roi), from<RGB3>(src, srcStep), toTwoPlanes<2, 2>(dstY, dstYStep, dstCbCr, dstCbCrStep),
        block<8>(BlockH<1026>{}), tail(FourTail{}));
   return oddSize<2, 2>(roi);
 }
@@ -48,7 +48,7 @@ TolkStatus tolkRGBToYCbCr420_8u_C3P2R(const uint8_t* src, int32_t srcStep, uint8
 TolkStatus tolkRGBToYCbCr420_8u_C4P2R(const uint8_t* src, int32_t srcStep, uint8_t* dstY, int32_t dstYStep,
                                       uint8_t* dstCbCr, int32_t dstCbCrStep, TolkSize roi) {
   if (auto fault = check(pointers(src, dstY, dstCbCr), size(roi))) return fault;
-  rows(wholeGroups<2, 2>(roi), from<RGB4>(src, srcStep), toTwoPlanes(dstY, dstYStep, dstCbCr, dstCbCrStep),
+  rows(wholeGroups<2, 2>(roi), from<RGB4>(src, srcStep), toTwoPlanes<2, 2>(dstY, dstYStep, dstCbCr, dstCbCrStep),
        block<8>(BlockH<1026>{}), tail(FourTail{}));
   return oddSize<2, 2>(roi);
 }
@@ -120,7 +120,7 @@ TolkStatus tolkBGRToYCrCb420_709CSC_8u_AC4P3R(const uint8_t* src, int32_t srcSte
 TolkStatus tolkBGRToYCbCr420_709CSC_8u_C3P2R(const uint8_t* src, int32_t srcStep, uint8_t* dstY, int32_t dstYStep,
                                              uint8_t* dstCbCr, int32_t dstCbCrStep, TolkSize roi) {
   if (auto fault = check(pointers(src, dstY, dstCbCr), size(roi, {2, 2}))) return fault;
-  rows(wholeGroups<2, 2>(roi), from<BGR3>(src, srcStep), toTwoPlanes(dstY, dstYStep, dstCbCr, dstCbCrStep),
+  rows(wholeGroups<2, 2>(roi), from<BGR3>(src, srcStep), toTwoPlanes<2, 2>(dstY, dstYStep, dstCbCr, dstCbCrStep),
        block<8>(BlockV{}), tail(FourTailV{}));
   return oddSize<2, 2>(roi);
 }
@@ -128,7 +128,7 @@ TolkStatus tolkBGRToYCbCr420_709CSC_8u_C3P2R(const uint8_t* src, int32_t srcStep
 TolkStatus tolkBGRToYCbCr420_709CSC_8u_AC4P2R(const uint8_t* src, int32_t srcStep, uint8_t* dstY, int32_t dstYStep,
                                               uint8_t* dstCbCr, int32_t dstCbCrStep, TolkSize roi) {
   if (auto fault = check(pointers(src, dstY, dstCbCr), size(roi, {2, 2}))) return fault;
-  rows(wholeGroups<2, 2>(roi), from<BGR4>(src, srcStep), toTwoPlanes(dstY, dstYStep, dstCbCr, dstCbCrStep),
+  rows(wholeGroups<2, 2>(roi), from<BGR4>(src, srcStep), toTwoPlanes<2, 2>(dstY, dstYStep, dstCbCr, dstCbCrStep),
        block<8>(BlockV{}), tail(FourTailV{}));
   return oddSize<2, 2>(roi);
 }
