@@ -1,5 +1,8 @@
 # The library, once per processor class: same sources, other flags. The system's loader picks the class.
 set(TOLK_SOURCES
+    chroma/layouts_411.cpp
+    chroma/layouts_420.cpp
+    chroma/layouts_422.cpp
     frame/version.cpp
     lumachroma/decoders_420.cpp
     lumachroma/decoders_422.cpp

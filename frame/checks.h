@@ -37,6 +37,7 @@ struct SizeTest {
     return roi.width < least.width || roi.height < least.height ? tolkStatusBadSize : tolkStatusOk;
   }
 };
+inline constexpr int32_t kAnyHeight = INT32_MIN;
 inline SizeTest size(TolkSize roi, TolkSize least = {1, 1}) { return {roi, least}; }
 
 template <class... Tests>

@@ -711,6 +711,246 @@ TOLK_API TolkStatus tolkYUV422v210ToGray_709HDTV_32u16u_C3C1(const uint32_t* src
 TOLK_API TolkStatus tolkRGBToCbYCr422Gamma_8u_C3C2R(const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
                                                     TolkSize roi);
 
+/* ==== 4:2:2 layouts ==== */
+
+/** The packed byte orders and the planar form of 8-bit 4:2:2, one into another. Bytes are moved, none is changed.
+ *
+ * C2: a row is pairs of four bytes, Y0 Cb Y1 Cr for YCbCr422, Y0 Cr Y1 Cb for YCrCb422 and Cb Y0 Cr Y1 for CbYCr422; a
+ * pair serves two pixels. P3: planes Y, Cb, Cr, the chroma planes with `width >> 1` samples a row, each plane with its
+ * own step.
+ *
+ * Whole pairs are converted: of an odd width the last column is neither read nor written, in luma too, and nothing
+ * reports that.
+ *
+ * Any width from 2 and height from 1. Steps are not tested.
+ *
+ * Returns tolkStatusOk; tolkStatusNullPointer for a null pointer, pointer array or plane; tolkStatusBadSize for a width
+ * under 2 or a height under 1. Pointers and planes are tested first, then the size. Two functions do not test the
+ * height: with one of zero or below they write nothing and return tolkStatusOk. An array of steps must not be null.
+ */
+/** Packed Y0 Cb Y1 Cr to planes Y, Cb, Cr. */
+TOLK_API TolkStatus tolkYCbCr422_8u_C2P3R(const uint8_t* src, int32_t srcStep, uint8_t* const dst[3],
+                                          const int32_t dstStep[3], TolkSize roi);
+/** Planes Y, Cb, Cr to packed Y0 Cb Y1 Cr. */
+TOLK_API TolkStatus tolkYCbCr422_8u_P3C2R(const uint8_t* const src[3], const int32_t srcStep[3], uint8_t* dst,
+                                          int32_t dstStep, TolkSize roi);
+/** Packed Y0 Cb Y1 Cr to packed Cb Y0 Cr Y1. */
+TOLK_API TolkStatus tolkYCbCr422ToCbYCr422_8u_C2R(const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                                  TolkSize roi);
+/** Planes Y, Cb, Cr to packed Cb Y0 Cr Y1. */
+TOLK_API TolkStatus tolkYCbCr422ToCbYCr422_8u_P3C2R(const uint8_t* const src[3], const int32_t srcStep[3], uint8_t* dst,
+                                                    int32_t dstStep, TolkSize roi);
+/** Packed Cb Y0 Cr Y1 to packed Y0 Cb Y1 Cr. */
+TOLK_API TolkStatus tolkCbYCr422ToYCbCr422_8u_C2R(const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                                  TolkSize roi);
+/** Packed Cb Y0 Cr Y1 to planes Y, Cb, Cr. */
+TOLK_API TolkStatus tolkCbYCr422ToYCbCr422_8u_C2P3R(const uint8_t* src, int32_t srcStep, uint8_t* const dst[3],
+                                                    const int32_t dstStep[3], TolkSize roi);
+/** Packed Y0 Cb Y1 Cr to packed Y0 Cr Y1 Cb. The height is not tested. */
+TOLK_API TolkStatus tolkYCbCr422ToYCrCb422_8u_C2R(const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                                  TolkSize roi);
+/** Planes Y, Cb, Cr to packed Y0 Cr Y1 Cb. The height is not tested. */
+TOLK_API TolkStatus tolkYCbCr422ToYCrCb422_8u_P3C2R(const uint8_t* const src[3], const int32_t srcStep[3], uint8_t* dst,
+                                                    int32_t dstStep, TolkSize roi);
+/** Packed Y0 Cr Y1 Cb to planes Y, Cb, Cr. */
+TOLK_API TolkStatus tolkYCrCb422ToYCbCr422_8u_C2P3R(const uint8_t* src, int32_t srcStep, uint8_t* const dst[3],
+                                                    const int32_t dstStep[3], TolkSize roi);
+
+/* ==== 4:2:2 and 4:2:0 layouts ==== */
+
+/** 8-bit 4:2:2 to and from 4:2:0, and the 4:2:0 layouts one into another. Bytes are moved, none is changed: to 4:2:0
+ * the chroma of every even row is kept and that of every odd row is not read, from 4:2:0 each chroma row serves two
+ * rows.
+ *
+ * 4:2:2: C2 and P3 are those of the 4:2:2 layouts. 4:2:0: the chroma has `width >> 1` samples a row and `height >> 1`
+ * rows. P3: planes Y, Cb, Cr for YCbCr420 and Y, Cr, Cb for YCrCb420, each with its own step. P2: a luma plane and a
+ * plane of byte pairs Cb, Cr; tolkYCbCr422ToYCrCb420_8u_C2P2R alone writes pairs Cr, Cb.
+ *
+ * Whole groups of 2 by 2 pixels are converted: of an odd width the last column, and of an odd height the last row, is
+ * neither read nor written, and nothing reports that.
+ *
+ * Any width and height from 2. Steps are not tested.
+ *
+ * Returns tolkStatusOk; tolkStatusNullPointer for a null pointer, pointer array or plane; tolkStatusBadSize for a width
+ * or height under 2. Pointers and planes are tested first, then the size, except where a function says otherwise. An
+ * array of steps must not be null.
+ */
+/** Packed Y0 Cb Y1 Cr to 4:2:0 planes Y and CbCr. */
+TOLK_API TolkStatus tolkYCbCr422ToYCbCr420_8u_C2P2R(const uint8_t* src, int32_t srcStep, uint8_t* dstY,
+                                                    int32_t dstYStep, uint8_t* dstCbCr, int32_t dstCbCrStep,
+                                                    TolkSize roi);
+/** Packed Y0 Cb Y1 Cr to 4:2:0 planes Y, Cb, Cr. */
+TOLK_API TolkStatus tolkYCbCr422ToYCbCr420_8u_C2P3R(const uint8_t* src, int32_t srcStep, uint8_t* const dst[3],
+                                                    const int32_t dstStep[3], TolkSize roi);
+/** 4:2:2 planes Y, Cb, Cr to 4:2:0 planes Y and CbCr. */
+TOLK_API TolkStatus tolkYCbCr422ToYCbCr420_8u_P3P2R(const uint8_t* const src[3], const int32_t srcStep[3],
+                                                    uint8_t* dstY, int32_t dstYStep, uint8_t* dstCbCr,
+                                                    int32_t dstCbCrStep, TolkSize roi);
+/** 4:2:2 planes Y, Cb, Cr to 4:2:0 planes Y, Cb, Cr. */
+TOLK_API TolkStatus tolkYCbCr422ToYCbCr420_8u_P3R(const uint8_t* const src[3], const int32_t srcStep[3],
+                                                  uint8_t* const dst[3], const int32_t dstStep[3], TolkSize roi);
+/** Packed Y0 Cb Y1 Cr to 4:2:0 planes Y and CrCb. */
+TOLK_API TolkStatus tolkYCbCr422ToYCrCb420_8u_C2P2R(const uint8_t* src, int32_t srcStep, uint8_t* dstY,
+                                                    int32_t dstYStep, uint8_t* dstCbCr, int32_t dstCbCrStep,
+                                                    TolkSize roi);
+/** Packed Y0 Cb Y1 Cr to 4:2:0 planes Y, Cr, Cb. */
+TOLK_API TolkStatus tolkYCbCr422ToYCrCb420_8u_C2P3R(const uint8_t* src, int32_t srcStep, uint8_t* const dst[3],
+                                                    const int32_t dstStep[3], TolkSize roi);
+/** Packed Y0 Cr Y1 Cb to 4:2:0 planes Y, Cb, Cr. */
+TOLK_API TolkStatus tolkYCrCb422ToYCbCr420_8u_C2P3R(const uint8_t* src, int32_t srcStep, uint8_t* const dst[3],
+                                                    const int32_t dstStep[3], TolkSize roi);
+/** Packed Cb Y0 Cr Y1 to 4:2:0 planes Y and CbCr. */
+TOLK_API TolkStatus tolkCbYCr422ToYCbCr420_8u_C2P2R(const uint8_t* src, int32_t srcStep, uint8_t* dstY,
+                                                    int32_t dstYStep, uint8_t* dstCbCr, int32_t dstCbCrStep,
+                                                    TolkSize roi);
+/** Packed Cb Y0 Cr Y1 to 4:2:0 planes Y, Cb, Cr. */
+TOLK_API TolkStatus tolkCbYCr422ToYCbCr420_8u_C2P3R(const uint8_t* src, int32_t srcStep, uint8_t* const dst[3],
+                                                    const int32_t dstStep[3], TolkSize roi);
+/** Packed Cb Y0 Cr Y1 to 4:2:0 planes Y, Cr, Cb. */
+TOLK_API TolkStatus tolkCbYCr422ToYCrCb420_8u_C2P3R(const uint8_t* src, int32_t srcStep, uint8_t* const dst[3],
+                                                    const int32_t dstStep[3], TolkSize roi);
+/** 4:2:0 planes Y and CbCr to packed Y0 Cb Y1 Cr. */
+TOLK_API TolkStatus tolkYCbCr420ToYCbCr422_8u_P2C2R(const uint8_t* srcY, int32_t srcYStep, const uint8_t* srcCbCr,
+                                                    int32_t srcCbCrStep, uint8_t* dst, int32_t dstStep, TolkSize roi);
+/** 4:2:0 planes Y and CbCr to 4:2:2 planes Y, Cb, Cr. */
+TOLK_API TolkStatus tolkYCbCr420ToYCbCr422_8u_P2P3R(const uint8_t* srcY, int32_t srcYStep, const uint8_t* srcCbCr,
+                                                    int32_t srcCbCrStep, uint8_t* const dst[3],
+                                                    const int32_t dstStep[3], TolkSize roi);
+/** 4:2:0 planes Y, Cb, Cr to 4:2:2 planes Y, Cb, Cr. */
+TOLK_API TolkStatus tolkYCbCr420ToYCbCr422_8u_P3R(const uint8_t* const src[3], const int32_t srcStep[3],
+                                                  uint8_t* const dst[3], const int32_t dstStep[3], TolkSize roi);
+/** 4:2:0 planes Y, Cr, Cb to 4:2:2 planes Y, Cb, Cr. */
+TOLK_API TolkStatus tolkYCrCb420ToYCbCr422_8u_P3R(const uint8_t* const src[3], const int32_t srcStep[3],
+                                                  uint8_t* const dst[3], const int32_t dstStep[3], TolkSize roi);
+/** 4:2:0 planes Y, Cr, Cb to packed Y0 Cb Y1 Cr. */
+TOLK_API TolkStatus tolkYCrCb420ToYCbCr422_8u_P3C2R(const uint8_t* const src[3], const int32_t srcStep[3], uint8_t* dst,
+                                                    int32_t dstStep, TolkSize roi);
+/** 4:2:0 planes Y and CbCr to packed Cb Y0 Cr Y1. */
+TOLK_API TolkStatus tolkYCbCr420ToCbYCr422_8u_P2C2R(const uint8_t* srcY, int32_t srcYStep, const uint8_t* srcCbCr,
+                                                    int32_t srcCbCrStep, uint8_t* dst, int32_t dstStep, TolkSize roi);
+/** 4:2:0 planes Y, Cr, Cb to packed Cb Y0 Cr Y1. */
+TOLK_API TolkStatus tolkYCrCb420ToCbYCr422_8u_P3C2R(const uint8_t* const src[3], const int32_t srcStep[3], uint8_t* dst,
+                                                    int32_t dstStep, TolkSize roi);
+/** 4:2:0 planes Y and CbCr to 4:2:0 planes Y, Cb, Cr. */
+TOLK_API TolkStatus tolkYCbCr420_8u_P2P3R(const uint8_t* srcY, int32_t srcYStep, const uint8_t* srcCbCr,
+                                          int32_t srcCbCrStep, uint8_t* const dst[3], const int32_t dstStep[3],
+                                          TolkSize roi);
+/** 4:2:0 planes Y, Cb, Cr to 4:2:0 planes Y and CbCr. */
+TOLK_API TolkStatus tolkYCbCr420_8u_P3P2R(const uint8_t* const src[3], const int32_t srcStep[3], uint8_t* dstY,
+                                          int32_t dstYStep, uint8_t* dstCbCr, int32_t dstCbCrStep, TolkSize roi);
+/** 4:2:0 planes Y and CbCr to 4:2:0 planes Y, Cb, Cr: the chroma is not exchanged, dst[1] takes the first byte of each
+ * pair. Tested in order: srcY, srcCbCr and dst; a width or height under 1; the planes of dst; a width or height of 1.
+ * */
+TOLK_API TolkStatus tolkYCbCr420ToYCrCb420_8u_P2P3R(const uint8_t* srcY, int32_t srcYStep, const uint8_t* srcCbCr,
+                                                    int32_t srcCbCrStep, uint8_t* const dst[3],
+                                                    const int32_t dstStep[3], TolkSize roi);
+/** 4:2:0 planes Y, Cr, Cb to 4:2:0 planes Y and CbCr. */
+TOLK_API TolkStatus tolkYCrCb420ToYCbCr420_8u_P3P2R(const uint8_t* const src[3], const int32_t srcStep[3],
+                                                    uint8_t* dstY, int32_t dstYStep, uint8_t* dstCbCr,
+                                                    int32_t dstCbCrStep, TolkSize roi);
+
+/* ==== 4:1:1 layouts ==== */
+
+/** 8-bit 4:1:1 to and from 4:2:2 and 4:2:0, and the 4:1:1 layouts one into another. Bytes are moved, none is changed.
+ *
+ * 4:1:1: the chroma has `width >> 2` samples a row and `height` rows. P3: planes Y, Cb, Cr, each with its own step.
+ * P2: a luma plane and a plane of byte pairs Cb, Cr. The layouts of 4:2:2 and of 4:2:0 are those of their sections.
+ *
+ * Luma is copied. Sample (x, y) of the output chroma is this sample of the source chroma:
+ *
+ * - 4:2:2 to 4:1:1: (2 x, y); odd samples are not used
+ * - 4:1:1 to 4:2:2: (x / 2, y)
+ * - 4:1:1 to 4:1:1: (x, y)
+ * - 4:1:1 to 4:2:0: (x / 2, 2 y + x % 2), two source rows interleaved sample by sample
+ * - 4:2:0 to 4:1:1: (2 x + y % 2, y / 2), a source row split into its even and its odd samples
+ *
+ * The last two are inverses: they keep every chroma sample once, though not its place in the picture.
+ *
+ * `width & ~3` columns are converted and, to and from 4:2:0, `height & ~1` rows. The rest is neither read nor written,
+ * in luma too, and nothing reports that.
+ *
+ * Any width from 4; to and from 4:2:0 any height from 2. Steps are not tested.
+ *
+ * Returns tolkStatusOk; tolkStatusNullPointer for a null pointer, pointer array or plane; tolkStatusBadSize for a width
+ * under 4, to and from 4:2:0 for a height under 2, and from tolkYCbCr422ToYCbCr411_8u_C2P3R for a height under 1. The
+ * other functions do not test the height: with one of zero or below they write nothing and return tolkStatusOk.
+ * Pointers and planes are tested first, then the size. An array of steps must not be null, nor a pointer array that a
+ * function does not test.
+ */
+/** Packed Cb Y0 Cr Y1 to 4:1:1 planes Y, Cb, Cr. */
+TOLK_API TolkStatus tolkCbYCr422ToYCbCr411_8u_C2P3R(const uint8_t* src, int32_t srcStep, uint8_t* const dst[3],
+                                                    const int32_t dstStep[3], TolkSize roi);
+/** Packed Y0 Cb Y1 Cr to 4:1:1 planes Y and CbCr. */
+TOLK_API TolkStatus tolkYCbCr422ToYCbCr411_8u_C2P2R(const uint8_t* src, int32_t srcStep, uint8_t* dstY,
+                                                    int32_t dstYStep, uint8_t* dstCbCr, int32_t dstCbCrStep,
+                                                    TolkSize roi);
+/** Packed Y0 Cb Y1 Cr to 4:1:1 planes Y, Cb, Cr. The height is tested. */
+TOLK_API TolkStatus tolkYCbCr422ToYCbCr411_8u_C2P3R(const uint8_t* src, int32_t srcStep, uint8_t* const dst[3],
+                                                    const int32_t dstStep[3], TolkSize roi);
+/** 4:2:2 planes Y, Cb, Cr to 4:1:1 planes Y and CbCr. */
+TOLK_API TolkStatus tolkYCbCr422ToYCbCr411_8u_P3P2R(const uint8_t* const src[3], const int32_t srcStep[3],
+                                                    uint8_t* dstY, int32_t dstYStep, uint8_t* dstCbCr,
+                                                    int32_t dstCbCrStep, TolkSize roi);
+/** 4:2:2 planes Y, Cb, Cr to 4:1:1 planes Y, Cb, Cr. */
+TOLK_API TolkStatus tolkYCbCr422ToYCbCr411_8u_P3R(const uint8_t* const src[3], const int32_t srcStep[3],
+                                                  uint8_t* const dst[3], const int32_t dstStep[3], TolkSize roi);
+/** Packed Y0 Cr Y1 Cb to 4:1:1 planes Y, Cb, Cr. */
+TOLK_API TolkStatus tolkYCrCb422ToYCbCr411_8u_C2P3R(const uint8_t* src, int32_t srcStep, uint8_t* const dst[3],
+                                                    const int32_t dstStep[3], TolkSize roi);
+/** 4:1:1 planes Y and CbCr to packed Y0 Cb Y1 Cr. */
+TOLK_API TolkStatus tolkYCbCr411ToYCbCr422_8u_P2C2R(const uint8_t* srcY, int32_t srcYStep, const uint8_t* srcCbCr,
+                                                    int32_t srcCbCrStep, uint8_t* dst, int32_t dstStep, TolkSize roi);
+/** 4:1:1 planes Y and CbCr to 4:2:2 planes Y, Cb, Cr. The array dst is not tested, its planes are. */
+TOLK_API TolkStatus tolkYCbCr411ToYCbCr422_8u_P2P3R(const uint8_t* srcY, int32_t srcYStep, const uint8_t* srcCbCr,
+                                                    int32_t srcCbCrStep, uint8_t* const dst[3],
+                                                    const int32_t dstStep[3], TolkSize roi);
+/** 4:1:1 planes Y, Cb, Cr to packed Y0 Cb Y1 Cr. */
+TOLK_API TolkStatus tolkYCbCr411ToYCbCr422_8u_P3C2R(const uint8_t* const src[3], const int32_t srcStep[3], uint8_t* dst,
+                                                    int32_t dstStep, TolkSize roi);
+/** 4:1:1 planes Y, Cb, Cr to 4:2:2 planes Y, Cb, Cr. */
+TOLK_API TolkStatus tolkYCbCr411ToYCbCr422_8u_P3R(const uint8_t* const src[3], const int32_t srcStep[3],
+                                                  uint8_t* const dst[3], const int32_t dstStep[3], TolkSize roi);
+/** 4:1:1 planes Y, Cb, Cr to packed Y0 Cr Y1 Cb. */
+TOLK_API TolkStatus tolkYCbCr411ToYCrCb422_8u_P3C2R(const uint8_t* const src[3], const int32_t srcStep[3], uint8_t* dst,
+                                                    int32_t dstStep, TolkSize roi);
+/** 4:1:1 planes Y, Cb, Cr to 4:2:2 planes Y, Cr, Cb. */
+TOLK_API TolkStatus tolkYCbCr411ToYCrCb422_8u_P3R(const uint8_t* const src[3], const int32_t srcStep[3],
+                                                  uint8_t* const dst[3], const int32_t dstStep[3], TolkSize roi);
+/** 4:1:1 planes Y and CbCr to 4:1:1 planes Y, Cb, Cr. The array dst is not tested, its planes are. */
+TOLK_API TolkStatus tolkYCbCr411_8u_P2P3R(const uint8_t* srcY, int32_t srcYStep, const uint8_t* srcCbCr,
+                                          int32_t srcCbCrStep, uint8_t* const dst[3], const int32_t dstStep[3],
+                                          TolkSize roi);
+/** 4:1:1 planes Y, Cb, Cr to 4:1:1 planes Y and CbCr. */
+TOLK_API TolkStatus tolkYCbCr411_8u_P3P2R(const uint8_t* const src[3], const int32_t srcStep[3], uint8_t* dstY,
+                                          int32_t dstYStep, uint8_t* dstCbCr, int32_t dstCbCrStep, TolkSize roi);
+/** 4:1:1 planes Y and CbCr to 4:2:0 planes Y, Cb, Cr. The array dst is not tested, its planes are. */
+TOLK_API TolkStatus tolkYCbCr411ToYCbCr420_8u_P2P3R(const uint8_t* srcY, int32_t srcYStep, const uint8_t* srcCbCr,
+                                                    int32_t srcCbCrStep, uint8_t* const dst[3],
+                                                    const int32_t dstStep[3], TolkSize roi);
+/** 4:1:1 planes Y, Cb, Cr to 4:2:0 planes Y and CbCr. */
+TOLK_API TolkStatus tolkYCbCr411ToYCbCr420_8u_P3P2R(const uint8_t* const src[3], const int32_t srcStep[3],
+                                                    uint8_t* dstY, int32_t dstYStep, uint8_t* dstCbCr,
+                                                    int32_t dstCbCrStep, TolkSize roi);
+/** 4:1:1 planes Y, Cb, Cr to 4:2:0 planes Y, Cb, Cr. */
+TOLK_API TolkStatus tolkYCbCr411ToYCbCr420_8u_P3R(const uint8_t* const src[3], const int32_t srcStep[3],
+                                                  uint8_t* const dst[3], const int32_t dstStep[3], TolkSize roi);
+/** 4:1:1 planes Y and CbCr to 4:2:0 planes Y, Cr, Cb. The array dst is not tested, its planes are. */
+TOLK_API TolkStatus tolkYCbCr411ToYCrCb420_8u_P2P3R(const uint8_t* srcY, int32_t srcYStep, const uint8_t* srcCbCr,
+                                                    int32_t srcCbCrStep, uint8_t* const dst[3],
+                                                    const int32_t dstStep[3], TolkSize roi);
+/** 4:2:0 planes Y and CbCr to 4:1:1 planes Y, Cb, Cr. */
+TOLK_API TolkStatus tolkYCbCr420ToYCbCr411_8u_P2P3R(const uint8_t* srcY, int32_t srcYStep, const uint8_t* srcCbCr,
+                                                    int32_t srcCbCrStep, uint8_t* const dst[3],
+                                                    const int32_t dstStep[3], TolkSize roi);
+/** 4:2:0 planes Y, Cb, Cr to 4:1:1 planes Y and CbCr. */
+TOLK_API TolkStatus tolkYCbCr420ToYCbCr411_8u_P3P2R(const uint8_t* const src[3], const int32_t srcStep[3],
+                                                    uint8_t* dstY, int32_t dstYStep, uint8_t* dstCbCr,
+                                                    int32_t dstCbCrStep, TolkSize roi);
+/** 4:2:0 planes Y, Cr, Cb to 4:1:1 planes Y and CbCr. */
+TOLK_API TolkStatus tolkYCrCb420ToYCbCr411_8u_P3P2R(const uint8_t* const src[3], const int32_t srcStep[3],
+                                                    uint8_t* dstY, int32_t dstYStep, uint8_t* dstCbCr,
+                                                    int32_t dstCbCrStep, TolkSize roi);
+
 #ifdef __cplusplus
 }
 #endif

@@ -37,6 +37,24 @@ inline Target crFirst(Target target) {
   return target;
 }
 
+// Rows `first` to `last` of a channel, each sample being value(x, y).
+template <typename Value>
+void fill(const TargetChannel& to, Integer columns, Integer first, Integer last, Value value) {
+  for (Integer y = first; y <= last; ++y)
+    for (Integer x = 0; x < columns; ++x) to.at(x, y) = static_cast<uint8_t>(value(x, y));
+}
+// Luma copied, each chroma channel made sample by sample: form(source channel, x, y).
+template <typename Form>
+void resample(const Source& from, const Target& to, TolkSize luma, TolkSize chroma, Form form) {
+  fill(to.Y, luma.width, 0, luma.height - 1, [&](Integer x, Integer y) { return from.Y.at(x, y); });
+  fill(to.Cb, chroma.width, 0, chroma.height - 1, [&](Integer x, Integer y) { return form(from.Cb, x, y); });
+  fill(to.Cr, chroma.width, 0, chroma.height - 1, [&](Integer x, Integer y) { return form(from.Cr, x, y); });
+}
+
+// Truncating and rounded mean.
+inline Integer mean(Integer u, Integer v) { return fl(u + v, 2); }
+inline Integer avg(Integer u, Integer v) { return fl(u + v + 1, 2); }
+
 // Minimum height of the functions that do not test it.
 constexpr int32_t kAnyHeight = INT32_MIN;
 

@@ -34,13 +34,13 @@ constexpr Direction k411To422{{4, 1}, {2, 1}, eachColumnTwice};
 constexpr Direction k411To420{{4, 2}, {2, 2}, twoRowsInterleaved};
 constexpr Direction k420To411{{4, 2}, {4, 1}, rowSplitInTwo};
 
-// A height of zero or below has no rows.
+// Rows from y = 0 up, so that of rows which share memory the last one stays; a height of zero or below has none.
 inline TolkStatus relayout(const Direction& direction, TolkSize roi, const Source& from, const Target& to) {
   const Integer width = roi.width & ~(direction.whole.width - 1);
   const Integer height = roi.height & ~(direction.whole.height - 1);
-  for (Integer y = 0; y < height; ++y)
+  for (Integer y = 0; y < height; ++y) {
     for (Integer x = 0; x < width; ++x) to.Y.at(x, y) = static_cast<uint8_t>(from.Y.at(x, y));
-  for (Integer y = 0; y < height / direction.group.height; ++y) {
+    if (y >= height / direction.group.height) continue;
     for (Integer x = 0; x < width / direction.group.width; ++x) {
       const Position source = direction.chroma(x, y);
       to.Cb.at(x, y) = static_cast<uint8_t>(from.Cb.at(source.x, source.y));
