@@ -11,6 +11,8 @@ struct GroupChroma {
   U8<L> both;
 };
 
+// `store` and `storeSome` of the targets leave the luma out where kLuma is false.
+
 namespace detail {
 inline constexpr Places kCbFirst = {{0, 8, 1, 9, 2, 10, 3, 11, 4, 12, 5, 13, 6, 14, 7, 15}};
 inline constexpr Places kCrFirst = {{8, 0, 9, 1, 10, 2, 11, 3, 12, 4, 13, 5, 14, 6, 15, 7}};
@@ -24,16 +26,17 @@ struct PlanarTarget {
     uint8_t* luma[Down];
     uint8_t *cb, *cr;
 
-    template <int L>
+    template <bool kLuma = true, int L>
     LANE_OP void store(ptrdiff_t x, const Registers<uint8_t, L, Down>& Y, GroupChroma<L> chroma) const {
-      unrolled<Down>([&](auto k) __attribute__((always_inline)) { storeLanes<16>(luma[k] + x, Y[k]); });
+      unrolled<kLuma ? Down : 0>([&](auto k) __attribute__((always_inline)) { storeLanes<16>(luma[k] + x, Y[k]); });
       storeParts<kPart>(cb + x / Across, chroma.both);
       storeParts<kPart>(cr + x / Across, interleaveHigh<8>(chroma.both, chroma.both));
     }
-    template <int L>
+    template <bool kLuma = true, int L>
     LANE_OP void storeSome(ptrdiff_t x, ptrdiff_t pixels, const Registers<uint8_t, L, Down>& Y,
                            GroupChroma<L> chroma) const {
-      unrolled<Down>([&](auto k) __attribute__((always_inline)) { storeBytes<16>(luma[k] + x, Y[k], pixels); });
+      unrolled<kLuma ? Down : 0>([&](auto k)
+                                     __attribute__((always_inline)) { storeBytes<16>(luma[k] + x, Y[k], pixels); });
       storeSomeParts<kPart>(cb + x / Across, chroma.both, pixels / Across);
       storeSomeParts<kPart>(cr + x / Across, interleaveHigh<8>(chroma.both, chroma.both), pixels / Across);
     }
@@ -63,15 +66,16 @@ struct TwoPlaneTarget {
     uint8_t* luma[Down];
     uint8_t* pairs;
 
-    template <int L>
+    template <bool kLuma = true, int L>
     LANE_OP void store(ptrdiff_t x, const Registers<uint8_t, L, Down>& Y, GroupChroma<L> chroma) const {
-      unrolled<Down>([&](auto k) __attribute__((always_inline)) { storeLanes<16>(luma[k] + x, Y[k]); });
+      unrolled<kLuma ? Down : 0>([&](auto k) __attribute__((always_inline)) { storeLanes<16>(luma[k] + x, Y[k]); });
       storeParts<kPart>(pairs + x * 2 / Across, paired(chroma));
     }
-    template <int L>
+    template <bool kLuma = true, int L>
     LANE_OP void storeSome(ptrdiff_t x, ptrdiff_t pixels, const Registers<uint8_t, L, Down>& Y,
                            GroupChroma<L> chroma) const {
-      unrolled<Down>([&](auto k) __attribute__((always_inline)) { storeBytes<16>(luma[k] + x, Y[k], pixels); });
+      unrolled<kLuma ? Down : 0>([&](auto k)
+                                     __attribute__((always_inline)) { storeBytes<16>(luma[k] + x, Y[k], pixels); });
       storeSomeParts<kPart>(pairs + x * 2 / Across, paired(chroma), pixels * 2 / Across);
     }
     void setLuma(int k, ptrdiff_t x, int value) const { luma[k][x] = static_cast<uint8_t>(value); }
@@ -104,13 +108,13 @@ struct PackedTarget422 {
   struct Row {
     uint8_t* base;
 
-    template <int L>
+    template <bool kLuma = true, int L>
     LANE_OP void store(ptrdiff_t x, const Registers<uint8_t, L, 1>& luma, GroupChroma<L> chroma) const {
       const auto [low, high] = packed(luma[0], chroma);
       storeLanes<32>(base + 2 * x, low);
       storeLanes<32>(base + 2 * x + 16, high);
     }
-    template <int L>
+    template <bool kLuma = true, int L>
     LANE_OP void storeSome(ptrdiff_t x, ptrdiff_t pixels, const Registers<uint8_t, L, 1>& luma,
                            GroupChroma<L> chroma) const {
       const auto [low, high] = packed(luma[0], chroma);
@@ -232,7 +236,7 @@ LANE_OP void encodeBlocks(Form form, ptrdiff_t group, const Source& src, const T
       const auto chroma = encodeGroups<L, Target>(
           form, [&](int k) __attribute__((always_inline)) { return src.row(group * kDown + k).template load<L>(x); },
           luma);
-      to.template store<L>(x, luma, chroma);
+      to.store(x, luma, chroma);
     }
     if (x < end) {
       const auto chroma = encodeGroups<L, Target>(
@@ -240,7 +244,7 @@ LANE_OP void encodeBlocks(Form form, ptrdiff_t group, const Source& src, const T
           [&](int k)
               __attribute__((always_inline)) { return src.row(group * kDown + k).template loadSome<L>(x, end - x); },
           luma);
-      to.template storeSome<L>(x, end - x, luma, chroma);
+      to.storeSome(x, end - x, luma, chroma);
     }
   }
 }

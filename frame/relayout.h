@@ -23,6 +23,23 @@ constexpr Chroma chromaRule() {
 
 namespace detail {
 
+// Both sides have a luma plane of its own.
+template <class Source, class Target>
+inline constexpr bool kLumaPlanes = requires(Source s, Target t) {
+  s.plane;
+  t.plane;
+};
+
+// Rows of bytes; as one run where they stand without slack on both sides.
+inline void copyPlane(const uint8_t* src, ptrdiff_t srcStep, uint8_t* dst, ptrdiff_t dstStep, ptrdiff_t width,
+                      ptrdiff_t height) {
+  if (srcStep == width && dstStep == width && height > 0) {
+    width *= height;
+    height = 1;
+  }
+  for (ptrdiff_t y = 0; y < height; ++y) std::memcpy(dst + y * dstStep, src + y * srcStep, static_cast<size_t>(width));
+}
+
 template <int L>
 LANE_OP GroupChroma<L> chromaOf(U8<L> cb, U8<L> cr) {
   return {interleaveLow<8>(cb, cr)};
@@ -89,15 +106,17 @@ LANE_OP void relayoutRows(const Source& source, const Target& target, ptrdiff_t 
     for (; x + 16 * L <= width; x += 16 * L) {
       relayoutVector<Source, Target, L>(
           source, target, group, [&](auto row) __attribute__((always_inline)) { return row.template load<L>(x); },
-          [&](auto row, const auto& luma, auto chroma) __attribute__((always_inline)) { row.store(x, luma, chroma); });
+          [&](auto row, const auto& luma, auto chroma)
+              __attribute__((always_inline)) { row.template store<!kLumaPlanes<Source, Target>>(x, luma, chroma); });
     }
     if (x < width) {
       const ptrdiff_t pixels = width - x;
       relayoutVector<Source, Target, L>(
           source, target,
           group, [&](auto row) __attribute__((always_inline)) { return row.template loadSome<L>(x, pixels); },
-          [&](auto row, const auto& luma, auto chroma)
-              __attribute__((always_inline)) { row.storeSome(x, pixels, luma, chroma); });
+          [&](auto row, const auto& luma, auto chroma) __attribute__((always_inline)) {
+            row.template storeSome<!kLumaPlanes<Source, Target>>(x, pixels, luma, chroma);
+          });
     }
   }
 }
@@ -108,6 +127,9 @@ LANE_OP void relayoutRows(const Source& source, const Target& target, ptrdiff_t 
 template <class Source, class Target>
 TolkStatus relayout(TolkSize roi, Source source, Target target) {
   constexpr int kRows = Source::kDown > Target::kDown ? Source::kDown : Target::kDown;
+  if constexpr (detail::kLumaPlanes<Source, Target>) {
+    detail::copyPlane(source.plane[0], source.step[0], target.plane[0], target.step[0], roi.width, roi.height);
+  }
   for (ptrdiff_t group = 0; group < roi.height / kRows; ++group) {
     detail::relayoutRows(source, target, group, roi.width);
   }

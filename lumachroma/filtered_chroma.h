@@ -83,11 +83,13 @@ LANE_OP void encodeFilteredBlocks(const Source& from, const ToCbYCr422::Row& to,
     ptrdiff_t x = 0;
     for (; x + 16 * L <= end; x += 16 * L) {
       const auto rgb = from.template load<L>(x);
-      to.template store<L>(x, {detail::lumaOf(FilterBlock{}, rgb)}, filterVector<L>(rgb, before));
+      const Registers<uint8_t, L, 1> luma = {detail::lumaOf(FilterBlock{}, rgb)};
+      to.store(x, luma, filterVector<L>(rgb, before));
     }
     if (x < end) {
       const auto rgb = from.template loadSome<L>(x, end - x);
-      to.template storeSome<L>(x, end - x, {detail::lumaOf(FilterBlock{}, rgb)}, filterVector<L>(rgb, before));
+      const Registers<uint8_t, L, 1> luma = {detail::lumaOf(FilterBlock{}, rgb)};
+      to.storeSome(x, end - x, luma, filterVector<L>(rgb, before));
     }
   }
 }
