@@ -1,8 +1,12 @@
 # The library, once per processor class: same sources, other flags. The system's loader picks the class.
 set(TOLK_SOURCES
+    chroma/filter.cpp
+    chroma/interlace.cpp
     chroma/layouts_411.cpp
     chroma/layouts_420.cpp
     chroma/layouts_422.cpp
+    chroma/resampling.cpp
+    chroma/stripes.cpp
     frame/version.cpp
     lumachroma/decoders_420.cpp
     lumachroma/decoders_422.cpp

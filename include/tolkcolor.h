@@ -6,8 +6,8 @@
  *
  * Images. A pointer addresses the first sample of the region; a step is the distance in bytes from one row to the next,
  * so row y is at base + y * step, computed in 64 bits. Unless a family says that it tests steps, a step may be any
- * value: tight, padded, odd, zero or negative. Nothing needs alignment. No byte outside the region's rows is read or
- * written. Source and destination must not overlap, except in the in-place (I) forms.
+ * value: tight, padded, odd, zero or negative. Nothing needs alignment. Unless a function says so, no byte outside the
+ * region's rows is read or written. Source and destination must not overlap, except in the in-place (I) forms.
  *
  * Names. tolk<From>To<To>[_variant]_<sample types>_<layouts>: colour spaces name their samples in memory order (BGR has
  * blue first). Layouts: C3 three interleaved channels; C4 four, the fourth computed, copied or set; AC4 four, the
@@ -839,8 +839,7 @@ TOLK_API TolkStatus tolkYCbCr420_8u_P2P3R(const uint8_t* srcY, int32_t srcYStep,
 TOLK_API TolkStatus tolkYCbCr420_8u_P3P2R(const uint8_t* const src[3], const int32_t srcStep[3], uint8_t* dstY,
                                           int32_t dstYStep, uint8_t* dstCbCr, int32_t dstCbCrStep, TolkSize roi);
 /** 4:2:0 planes Y and CbCr to 4:2:0 planes Y, Cb, Cr: the chroma is not exchanged, dst[1] takes the first byte of each
- * pair. Tested in order: srcY, srcCbCr and dst; a width or height under 1; the planes of dst; a width or height of 1.
- * */
+ * pair. Tests srcY, srcCbCr and dst, then sizes under 1, then the planes of dst, then sizes of 1. */
 TOLK_API TolkStatus tolkYCbCr420ToYCrCb420_8u_P2P3R(const uint8_t* srcY, int32_t srcYStep, const uint8_t* srcCbCr,
                                                     int32_t srcCbCrStep, uint8_t* const dst[3],
                                                     const int32_t dstStep[3], TolkSize roi);
@@ -950,6 +949,167 @@ TOLK_API TolkStatus tolkYCbCr420ToYCbCr411_8u_P3P2R(const uint8_t* const src[3],
 TOLK_API TolkStatus tolkYCrCb420ToYCbCr411_8u_P3P2R(const uint8_t* const src[3], const int32_t srcStep[3],
                                                     uint8_t* dstY, int32_t dstYStep, uint8_t* dstCbCr,
                                                     int32_t dstCbCrStep, TolkSize roi);
+
+/* ==== Interlace conversions ==== */
+
+/** 8-bit YCbCr between 4:2:2 and 4:2:0 for interlaced pictures, whose even rows are one field and whose odd rows the
+ * other: chroma is resampled within each field, so rows of one never mix with rows of the other. Luma is copied.
+ *
+ * Planes are in the order Y, Cb, Cr, each with its own step; packed CbYCr422 is Cb Y0 Cr Y1. The conversions work on
+ * w = `width & ~1` columns and h = `height & ~3` rows, and write nothing of the others, luma included. Each chroma
+ * plane is treated by itself, every column and both planes alike, divisions being cut:
+ *
+ * - down, 4:2:2 to 4:2:0: of source rows s0..s3 = 4g..4g + 3, row 2g = (3 s0 + s2 + 2) / 4 and
+ *   row 2g + 1 = (s1 + 3 s3 + 2) / 4
+ * - up, 4:2:0 to 4:2:2: of source rows s0..s3 = b..b + 3 with b = (k - 2) / 2, for k = 2, 6 and so on up to h - 6,
+ *   row k = (5 s0 + 3 s2 + 4) / 8, row k + 1 = (7 s1 + s3 + 4) / 8, row k + 2 = (s0 + 7 s2 + 4) / 8 and
+ *   row k + 3 = (3 s1 + 5 s3 + 4) / 8; rows 0 and 1 are source rows 0 and 1, rows h - 2 and h - 1 the source rows
+ *   h / 2 - 2 and h / 2 - 1
+ *
+ * Width from 2 and height from 4. Steps are not tested.
+ *
+ * Returns tolkStatusOk; tolkStatusNullPointer for a null pointer, pointer array or plane; tolkStatusBadSize for a width
+ * under 2 or a height under 4; tolkStatusOddSize, after the work, for an odd width or a height that is not a multiple
+ * of 4. Pointers and planes are tested first, then the size. An array of steps must not be null.
+ */
+/** Down, planes to planes. */
+TOLK_API TolkStatus tolkYCbCr422To420_Interlace_8u_P3R(const uint8_t* const src[3], const int32_t srcStep[3],
+                                                       uint8_t* const dst[3], const int32_t dstStep[3], TolkSize roi);
+/** Down, packed to planes. */
+TOLK_API TolkStatus tolkCbYCr422ToYCbCr420_Interlace_8u_C2P3R(const uint8_t* src, int32_t srcStep,
+                                                              uint8_t* const dst[3], const int32_t dstStep[3],
+                                                              TolkSize roi);
+/** Up, planes to planes. */
+TOLK_API TolkStatus tolkYCbCr420To422_Interlace_8u_P3R(const uint8_t* const src[3], const int32_t srcStep[3],
+                                                       uint8_t* const dst[3], const int32_t dstStep[3], TolkSize roi);
+/** Up, planes to packed. */
+TOLK_API TolkStatus tolkYCbCr420ToCbYCr422_Interlace_8u_P3C2R(const uint8_t* const src[3], const int32_t srcStep[3],
+                                                              uint8_t* dst, int32_t dstStep, TolkSize roi);
+
+/* ==== Filter conversions ==== */
+
+/** 8-bit 4:2:0 YCbCr to 4:2:2, or to 4:2:0 again, with chroma rows made by a vertical filter.
+ *
+ * P3 planes are in the order of the name, each with its own step. A P2 source has a luma plane and a plane of chroma
+ * pairs Cb Cr. Packed YCbCr422 is Y0 Cb Y1 Cr; Cb is made of the pairs' first bytes and Cr of their second, and so are
+ * dst[1] and dst[2].
+ *
+ * Four taps, in the functions without a stripe: w = `width & ~1` and h = `height & ~7` are converted. Luma is copied.
+ * With C[k] row k of a source chroma plane, k limited to 0..h / 2 - 1, chroma row 2j is C[j] and row 2j + 1 is
+ * (9 (C[j] + C[j + 1]) - (C[j - 1] + C[j + 2]) + 8) / 16, rounded toward minus infinity and limited to 0..255.
+ *
+ * Three rows, in the functions with a stripe: w = `width & ~1` and h = `height & ~1` are converted, and luma is
+ * filtered too. c is a luma sample, a the one above it and b the one below; n is a chroma sample, p the one above it
+ * and m the one below. With avg(u, v) = (u + v + 1) / 2 and all divisions cut:
+ *
+ * - tri (a + 2c + b) / 4, triPlus (a + 2c + b + 4) / 4 limited to 255, triAvg avg(avg(c, b), avg(c, a)),
+ *   triCross avg(avg(a, b), c)
+ * - top (3c + b) / 4, topPlus (3c + b + 4) / 4 limited to 255, topAvg avg(avg(c, b), c)
+ * - bottom (3c + a) / 4, bottomPlus (3c + a + 4) / 4 limited to 255, bottomAvg avg(avg(c, a), c)
+ * - meanNext (n + m) / 2, avgNext avg(n, m), meanPrev (p + n) / 2, avgPrev avg(p, n)
+ *
+ * The Plus terms raise a flat luma by one. Of two terms with a bar between, the first holds in the luma columns below
+ * B = `w & ~31` or, where a row says so, B8 = `w & ~7`, and in the chroma pairs of those columns; the second elsewhere.
+ *
+ * A picture is converted in one call or stripe by stripe, from the top down: stripe is 1 for the first stripe, 4 for a
+ * middle one, 16 for the last, and any value with these three bits set, such as 21, for a whole picture. Any other
+ * value converts nothing, and the status is tolkStatusOk. The pointers address the first row of the stripe, its height
+ * is the stripe's own, and the stripes of a picture lie in memory one below the other: the last two rows of a stripe
+ * need a row of the next one and are finished by the call for that.
+ *
+ * Hence a call with stripe 4 or 16 writes rows above dst: luma and packed rows -2 and -1, and row -1 of a chroma plane.
+ * It reads luma rows -3..-1 and chroma row -1, above the source pointers. With stripe 1 and h = 2,
+ * tolkYCbCr420ToYCbCr422_Filter_8u_P2C2R reads luma row 2 and chroma row 1, below the stripe.
+ *
+ * Width from 2; height from 8 for four taps, from 2 for three rows. Columns and rows that are left out are not written
+ * and give no warning. Steps are not tested.
+ *
+ * Returns tolkStatusOk; tolkStatusNullPointer for a null pointer, pointer array or plane; tolkStatusBadSize for a width
+ * or height under the least. Pointers and planes are tested first, then the size, except where a function says
+ * otherwise. An array of steps must not be null.
+ */
+/** Four taps. */
+TOLK_API TolkStatus tolkYCbCr420ToYCbCr422_Filter_8u_P3R(const uint8_t* const src[3], const int32_t srcStep[3],
+                                                         uint8_t* const dst[3], const int32_t dstStep[3], TolkSize roi);
+/** Four taps. src[1] is Cr and src[2] Cb, dst[1] Cb and dst[2] Cr. */
+TOLK_API TolkStatus tolkYCrCb420ToYCbCr422_Filter_8u_P3R(const uint8_t* const src[3], const int32_t srcStep[3],
+                                                         uint8_t* const dst[3], const int32_t dstStep[3], TolkSize roi);
+/** Four taps. */
+TOLK_API TolkStatus tolkYCbCr420ToYCbCr422_Filter_8u_P2P3R(const uint8_t* srcY, int32_t srcYStep,
+                                                           const uint8_t* srcCbCr, int32_t srcCbCrStep,
+                                                           uint8_t* const dst[3], const int32_t dstStep[3],
+                                                           TolkSize roi);
+/** Three rows; row y takes chroma of row j = y / 2, rounded toward minus infinity.
+ *
+ * - whole, h = 2: row 0 topPlus, row 1 bottomPlus, both with chroma row 0 as it is
+ * - whole, h from 4: row 0 topPlus and row 1 triPlus with meanNext; rows 2..h - 3 triAvg | triPlus with
+ *   avgNext | meanNext; row h - 2 triPlus and row h - 1 bottomPlus with meanPrev
+ * - stripe 1, h = 2 included: row 0 topAvg | top and row 1 triAvg | tri, both by B8 with avgNext | meanNext by B8;
+ *   rows 2..h - 3 triAvg | tri with avgNext | meanNext
+ * - stripe 4: rows -2..h - 3 triAvg | tri with avgNext | meanNext
+ * - stripe 16: rows -2..h - 3 as in stripe 4; row h - 2 triAvg | tri and row h - 1 bottomAvg | bottom, both by B8
+ *   with avgPrev | meanPrev by B8
+ */
+TOLK_API TolkStatus tolkYCbCr420ToYCbCr422_Filter_8u_P2C2R(const uint8_t* srcY, int32_t srcYStep,
+                                                           const uint8_t* srcCbCr, int32_t srcCbCrStep, uint8_t* dst,
+                                                           int32_t dstStep, TolkSize roi, uint32_t stripe);
+/** Three rows; 4:2:0 stays, and each chroma row is made about its own. Despite the name dst[1] is Cb and dst[2] Cr.
+ *
+ * - whole, h = 2: luma row 0 topPlus, row 1 bottomPlus; chroma row 0 as it is
+ * - whole, h from 4: luma row 0 top, rows 1..h - 2 triAvg | tri, row h - 1 bottom; chroma rows 0..h / 2 - 2
+ *   avgNext | meanNext, row h / 2 - 1 meanPrev
+ * - stripe 1: luma row 0 topAvg | top, rows 1..h - 3 triCross | tri; chroma rows 0..h / 2 - 2 avgNext | meanNext
+ * - stripe 4: luma rows -2..h - 3 triAvg | tri; chroma rows -1..h / 2 - 2 avgNext | meanNext
+ * - stripe 16: luma rows -2..h - 2 tri, row h - 1 bottom; chroma rows -1..h / 2 - 2 meanNext, row h / 2 - 1 meanPrev
+ *
+ * With stripe 1, 4 or 16, alignment changes the result: triAvg is taken for triCross and tri, bottomAvg for bottom,
+ * avgNext for meanNext and avgPrev for meanPrev, if srcY, srcCbCr, the planes of dst, srcYStep and h are multiples of
+ * 16, srcCbCrStep and the three steps of dst multiples of 32, and w is a multiple of 64.
+ *
+ * The tests are, in this order: srcY, srcCbCr and the array dst; a width or height under 1; the planes of dst; a width
+ * or height of 1.
+ */
+TOLK_API TolkStatus tolkYCbCr420ToYCrCb420_Filter_8u_P2P3R(const uint8_t* srcY, int32_t srcYStep,
+                                                           const uint8_t* srcCbCr, int32_t srcCbCrStep,
+                                                           uint8_t* const dst[3], const int32_t dstStep[3],
+                                                           TolkSize roi, uint32_t stripe);
+
+/* ==== Plane resampling ==== */
+
+/** 8-bit planar YCbCr between 4:2:0, 4:1:1 and 1620, a layout of one chroma pair for 4 by 4 pixels. Chroma is
+ * resampled, luma copied.
+ *
+ * Planes are in the order Y, Cb, Cr, each with its own step. A chroma plane is width / 4 by height / 4 in 1620,
+ * width / 2 by height / 2 in 4:2:0 and width / 4 by height in 4:1:1. Both are treated by the same rule, each by itself.
+ *
+ * A sample that lies between two others is their mean: (u + v + 1) / 2 in the block columns, (u + v) / 2, cut, in the
+ * tail columns. A row of n samples is widened to 2n: sample 2i is source sample i, sample 2i + 1 the mean of source
+ * samples i and i + 1, and the last sample repeats the last source sample. The tail of widening is the last
+ * (n - 1) % 16 + 1 source columns i.
+ *
+ * The width is a multiple of 4, and so is the height, except where a function says otherwise; nothing is rounded to
+ * such a size. Steps are not tested.
+ *
+ * Returns tolkStatusOk; tolkStatusNullPointer for a null pointer, pointer array or plane; tolkStatusBadSize for any
+ * other width or height, or one under 1. Pointers and planes are tested first, then the size. An array of steps must
+ * not be null.
+ */
+/** Row 2k is source row k widened, row 2k + 1 the mean of rows 2k and 2k + 2, with block and tail by the same source
+ * columns i as in widening. The last row repeats each sample of the last source row twice, not widened. */
+TOLK_API TolkStatus tolkYCbCr1620To420_8u_P3R(const uint8_t* const src[3], const int32_t srcStep[3],
+                                              uint8_t* const dst[3], const int32_t dstStep[3], TolkSize roi);
+/** Every second sample of every second row, the first ones, without averaging. */
+TOLK_API TolkStatus tolkYCbCr420To1620_8u_P3R(const uint8_t* const src[3], const int32_t srcStep[3],
+                                              uint8_t* const dst[3], const int32_t dstStep[3], TolkSize roi);
+/** Row r is source row 2r widened; the chroma of odd rows is not read. */
+TOLK_API TolkStatus tolkYCbCr411To420_8u_P3R(const uint8_t* const src[3], const int32_t srcStep[3],
+                                             uint8_t* const dst[3], const int32_t dstStep[3], TolkSize roi);
+/** Every second sample of a source row k makes row 2k, and the mean of those of rows k and k + 1 row 2k + 1, with
+ * `n & ~31` block columns of n = width / 4; the last row repeats the one above it. The height is even, from 2. At
+ * height 2 there is no such repeat: row 1 is the mean of source chroma rows 0 and 1, and that second row is read though
+ * it lies below the plane. */
+TOLK_API TolkStatus tolkYCbCr420To411_8u_P3R(const uint8_t* const src[3], const int32_t srcStep[3],
+                                             uint8_t* const dst[3], const int32_t dstStep[3], TolkSize roi);
 
 #ifdef __cplusplus
 }

@@ -114,6 +114,11 @@ template <class T, int L>
 LANE_OP Reg<T, L> operator&(Reg<T, L> a, Reg<T, L> b) {
   return as<T>(U8<L>::of(as<uint8_t>(a).v & as<uint8_t>(b).v));
 }
+// The bits in which a and b differ.
+template <class T, int L>
+LANE_OP Reg<T, L> differing(Reg<T, L> a, Reg<T, L> b) {
+  return as<T>(U8<L>::of(as<uint8_t>(a).v ^ as<uint8_t>(b).v));
+}
 template <class T, int L>
 LANE_OP Reg<T, L> shiftLeft(Reg<T, L> a, int n) {
   using W = Reg<typename WrapOf<T>::Type, L>;
@@ -157,6 +162,11 @@ LANE_OP I32<L> pairSum(I16<L> a, I16<L> b) {
 template <int L>
 LANE_OP I16<L> pairSum(U8<L> a, Reg<int8_t, L> b) {
   BY_WIDTH(int16_t, maddubs_epi16, a.bits(), b.bits())
+}
+// Lower half of the product.
+template <int L>
+LANE_OP I16<L> mulLow(I16<L> a, I16<L> b) {
+  BY_WIDTH(int16_t, mullo_epi16, a.bits(), b.bits())
 }
 // Saturating to the narrower sample.
 template <int L>

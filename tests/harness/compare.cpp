@@ -29,7 +29,7 @@ void reportFaults() {
 void announce(const std::string& text) { snprintf(runningCase, sizeof runningCase, "%s", text.c_str()); }
 
 std::string describe(const Case& c) {
-  constexpr const char* kContents[] = {"", ", zeros", ", ones", ", alternating"};
+  constexpr const char* kContents[] = {"", ", zeros", ", ones", ", alternating", ", extremes"};
   return std::string(c.subject->function->name) + " " + std::to_string(c.roi.width) + "x" +
          std::to_string(c.roi.height) + ", src " + describe(c.src) + ", dst " + describe(c.dst) +
          kContents[static_cast<int>(c.contents)];
@@ -76,6 +76,15 @@ tolk::Call Images::call(const Case& c) const {
   return {c.subject->function->inPlace ? dst.side() : src.side(), dst.side(), c.roi, alpha};
 }
 
+// The planes of a source. One function reads, of the least image, a second row below its one row of chroma.
+static std::vector<tolk::PlaneShape> sourceShapes(const tolk::Function& f, TolkSize roi) {
+  if (f.inPlace) return {};
+  const bool readsBelow = f.name == "tolkYCbCr420To411_8u_P3R" && roi.height == 2;
+  std::vector<tolk::PlaneShape> shapes = planeShapes(f.src, roi);
+  for (size_t c = 1; readsBelow && c < shapes.size(); ++c) shapes[c].rows = 2;
+  return shapes;
+}
+
 void Rig::prepare(const Case& c) {
   case_ = c;
   ++seed_;
@@ -83,8 +92,7 @@ void Rig::prepare(const Case& c) {
   const tolk::Function& f = *c.subject->function;
   for (Images* images : {&tested, &expected}) {
     const bool inPlace = f.inPlace;
-    images->src.layOut(inPlace ? std::vector<tolk::PlaneShape>{} : planeShapes(f.src, c.roi),
-                       sideArguments(f, "src").steps, c.src);
+    images->src.layOut(sourceShapes(f, c.roi), sideArguments(f, "src").steps, c.src);
     images->dst.layOut(planeShapes(f.dst, c.roi), sideArguments(f, inPlace ? "srcDst" : "dst").steps, c.dst);
     fill(*images);
   }

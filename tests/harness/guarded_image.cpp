@@ -99,7 +99,7 @@ void Image::layOut(const std::vector<tolk::PlaneShape>& shapes, StepKind steps, 
 
 void Image::fill(Contents contents, uint32_t seed) {
   static const std::vector<uint8_t> kNoise = [] {
-    std::vector<uint8_t> bytes(1 << 17);
+    std::vector<uint8_t> bytes(1 << 22);  // no image of the tests repeats itself
     std::mt19937 random(1);
     for (uint8_t& byte : bytes) byte = static_cast<uint8_t>(random());
     return bytes;
@@ -109,7 +109,7 @@ void Image::fill(Contents contents, uint32_t seed) {
       switch (contents) {
         case Contents::Random:
           while (!rest.empty()) {
-            const size_t from = (seed = seed * 1664525 + 1013904223) >> 16;
+            const size_t from = (seed = seed * 1664525 + 1013904223) >> 11;
             const size_t count = std::min(rest.size(), kNoise.size() / 2);
             std::memcpy(rest.data(), kNoise.data() + from, count);
             rest = rest.subspan(count);
@@ -123,6 +123,10 @@ void Image::fill(Contents contents, uint32_t seed) {
           break;
         case Contents::Alternating:
           for (size_t i = 0; i < rest.size(); ++i) rest[i] = i % 2 ? 255 : 0;
+          break;
+        case Contents::Extremes:
+          seed = seed * 1664525 + 1013904223;
+          for (size_t i = 0; i < rest.size(); ++i) rest[i] = kNoise[(seed + i) % kNoise.size()] % 2 ? 255 : 0;
           break;
       }
     }

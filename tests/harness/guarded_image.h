@@ -25,7 +25,7 @@ struct Layout {
 };
 std::string describe(const Layout& layout);
 
-enum class Contents { Random, Zeros, Ones, Alternating };
+enum class Contents { Random, Zeros, Ones, Alternating, Extremes };  // Extremes: 0 or 255 at random
 
 // Pages at a fixed distance, accessible in slots, with no access before, between and after them.
 class Arena {

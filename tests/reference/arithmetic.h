@@ -78,9 +78,11 @@ struct Fourth {
 constexpr std::nullopt_t kKept = std::nullopt;
 
 // Rows from y = 0 up, pixel by pixel: columns below `width & ~(block - 1)` take the block form, the rest the tail form.
+// Inlined, so that the forms are too: the exhaustive tests then take half the time.
 template <typename Source, typename BlockForm, typename TailForm, typename Destination>
-TolkStatus walk(TolkSize roi, const Source& from, int block, BlockForm blockForm, TailForm tailForm,
-                const Destination& to, Fourth fourth = {kKept, kKept}) {
+[[gnu::always_inline]] inline TolkStatus walk(TolkSize roi, const Source& from, int block, BlockForm blockForm,
+                                              TailForm tailForm, const Destination& to,
+                                              Fourth fourth = {kKept, kKept}) {
   const Integer run = roi.width & ~(block - 1);
   for (Integer y = 0; y < roi.height; ++y) {
     for (Integer x = 0; x < roi.width; ++x) {
@@ -94,8 +96,8 @@ TolkStatus walk(TolkSize roi, const Source& from, int block, BlockForm blockForm
 }
 
 template <typename Source, typename Form, typename Destination>
-TolkStatus walkOneForm(TolkSize roi, const Source& from, Form form, const Destination& to,
-                       std::optional<uint8_t> fourth = kKept) {
+[[gnu::always_inline]] inline TolkStatus walkOneForm(TolkSize roi, const Source& from, Form form, const Destination& to,
+                                                     std::optional<uint8_t> fourth = kKept) {
   return walk(roi, from, 1, form, form, to, {fourth, fourth});
 }
 

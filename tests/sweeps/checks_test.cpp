@@ -9,7 +9,7 @@ namespace {
 struct Fault {
   std::string name;
   std::function<void(tolk::Call&)> apply;
-  bool step = false;  // a fault in some functions only
+  bool maybe = false;  // a fault in some functions only, and not tested with another such
 };
 
 void addSideFaults(const tolk::Function& f, const std::string& name, tolk::Side tolk::Call::*side,
@@ -31,9 +31,9 @@ std::vector<Fault> argumentFaults(const tolk::Function& f) {
   std::vector<Fault> faults;
   if (!f.inPlace) addSideFaults(f, "src", &tolk::Call::src, faults);
   addSideFaults(f, f.inPlace ? "srcDst" : "dst", &tolk::Call::dst, faults);
-  for (const int32_t value : {0, -1, INT32_MIN}) {
-    faults.push_back({"width " + std::to_string(value), [=](tolk::Call& c) { c.roi.width = value; }});
-    faults.push_back({"height " + std::to_string(value), [=](tolk::Call& c) { c.roi.height = value; }});
+  for (const int32_t value : {0, -1, INT32_MIN, 1, 3}) {
+    faults.push_back({"width " + std::to_string(value), [=](tolk::Call& c) { c.roi.width = value; }, value > 0});
+    faults.push_back({"height " + std::to_string(value), [=](tolk::Call& c) { c.roi.height = value; }, value > 0});
   }
   return faults;
 }
@@ -70,7 +70,7 @@ TEST_P(Checks, FaultsAloneAndInPairs) {
   const std::vector<Fault> faults = argumentFaults(*GetParam().function);
   for (size_t i = 0; i < faults.size(); ++i)
     for (size_t j = i; j < faults.size(); ++j) {
-      if (faults[i].step && faults[j].step) continue;
+      if (faults[i].maybe && faults[j].maybe) continue;
       ASSERT_NO_FATAL_FAILURE(check(faults[i], faults[j]));
     }
 }

@@ -1,4 +1,5 @@
 // Every function against the reference over widths, heights, steps, alignments and contents.
+#include <algorithm>
 #include <utility>
 
 #include "sweeps/all_functions.h"
@@ -54,14 +55,41 @@ TEST_P(Sweep, Alignments) {
 }
 
 TEST_P(Sweep, ExtremeContents) {
-  for (const Contents contents : {Contents::Zeros, Contents::Ones, Contents::Alternating})
-    for (const int32_t width : {1, 7, 16, 33, 67})
+  for (const Contents contents : {Contents::Zeros, Contents::Ones, Contents::Alternating, Contents::Extremes})
+    for (const int32_t width : {1, 7, 16, 33, 67, 2063})
       for (const Layout& layout : {kRight, kOdd})
         ASSERT_TRUE(runCase({&GetParam(), {width, 4}, layout, layout, contents}));
 }
 
 TEST_P(Sweep, WideRows) {
   for (const Layout& layout : {kRight, kTight}) ASSERT_TRUE(runCase({&GetParam(), {100003, 3}, layout, layout}));
+}
+
+// Samples enough for the rare ones of every formula; the second image is all tail where a block has 16 columns.
+TEST_P(Sweep, LargeImages) {
+  for (const TolkSize size : {TolkSize{2048, 256}, TolkSize{15, 20000}})
+    ASSERT_TRUE(runCase({&GetParam(), size, kTight, kTight}));
+}
+
+// The chroma planes end with their last whole group: of a group that an odd size cuts, no sample is read.
+TEST_P(Sweep, ChromaOfWholeGroups) {
+  const tolk::SideInfo& side = GetParam().function->src;
+  const auto [across, down] = chromaGroup(side);
+  if (across == 1 || side.layout.front() != 'P' || side.tight || side.space == "YUV422") GTEST_SKIP();
+  harness::Rig& rig = harness::sharedRig();
+  for (int32_t width = across; width < 70; ++width)
+    for (int32_t height = down; height <= 5; ++height) {
+      const TolkSize size{width, height};
+      rig.prepare({&GetParam(), size, kRight, kRight});
+      auto shapes = planeShapes(side, size);
+      const auto whole = planeShapes(side, {width & -across, height & -down});
+      std::copy(whole.begin() + 1, whole.end(), shapes.begin() + 1);
+      for (harness::Images* images : {&rig.tested, &rig.expected}) {
+        images->src.layOut(shapes, harness::sideArguments(*GetParam().function, "src").steps, kRight);
+        images->src.fill(Contents::Random, static_cast<uint32_t>(width));
+      }
+      ASSERT_TRUE(rig.run());
+    }
 }
 
 // The offset of the third row does not fit 32 bits.

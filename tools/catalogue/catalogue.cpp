@@ -33,6 +33,14 @@ int sampleBits(std::string_view sample) {
   return bits;
 }
 
+ChromaGroup chromaGroup(const SideInfo& side) {
+  if (side.space.ends_with("422")) return {2, 1};
+  if (side.space.ends_with("411")) return {4, 1};
+  if (side.space.ends_with("1620")) return {4, 4};
+  if (side.space.ends_with("420")) return {2, 2};
+  return {1, 1};
+}
+
 std::vector<PlaneShape> planeShapes(const SideInfo& side, TolkSize roi) {
   const int64_t width = roi.width, height = roi.height;
   const int bits = sampleBits(side.sample);
@@ -40,13 +48,10 @@ std::vector<PlaneShape> planeShapes(const SideInfo& side, TolkSize roi) {
     return PlaneShape{(columns * channels * bits + 7) / 8, rows, channels};
   };
   if (side.space.ends_with("v210")) return {{(width + 5) / 6 * 16, height, 1}};
-  int across = 1, down = 1;
-  if (side.space.ends_with("422")) across = 2;
-  if (side.space.ends_with("420")) across = down = 2;
-  if (side.space.ends_with("411")) across = 4;
-  if (side.space.ends_with("1620")) across = down = 4;
-  const int64_t chromaWidth = side.tight && down > 1 ? width / across : (width + across - 1) / across;
-  const int64_t chromaHeight = (height + down - 1) / down;
+  const auto [across, down] = chromaGroup(side);
+  const bool whole = side.tight && down > 1;
+  const int64_t chromaWidth = (width + (whole ? 0 : across - 1)) / across;
+  const int64_t chromaHeight = (height + (whole ? 0 : down - 1)) / down;
   const int count = side.layout.back() - '0';
   if (side.layout == "P2") return {plane(width, height, 1), plane(chromaWidth, chromaHeight, 2)};
   if (side.layout.find('P') == std::string_view::npos) return {plane(width, height, count)};

@@ -12,7 +12,8 @@
 
 namespace tolk {
 
-// The image of one side of a call. `plane` and `step` in the order of the arguments; a missing array is a null pointer.
+// The image of one side of a call. `plane` and `step` in the order of the arguments, every step in bytes; a missing
+// array is a null pointer.
 struct Side {
   std::array<void*, 4> plane{};
   std::array<int64_t, 4> step{};
@@ -24,13 +25,14 @@ struct Call {
   Side src, dst;
   TolkSize roi{};
   uint8_t alpha = 0;
+  uint32_t stripe = 21;  // a whole picture
 };
 
 struct SideInfo {
-  std::string_view space;   // "RGB", "YCbCr422"
+  std::string_view space;   // "RGB", "YCbCr422"; "RGB565" and "Gray10" are 16-bit words, and no plain 16-bit samples
   std::string_view layout;  // "C3", "P2", "AC4"
   std::string_view sample;  // "8u", "32f"
-  bool tight = false;       // the call takes no steps: rows stand without slack, and 4:2:0 chroma loses an odd column
+  bool tight = false;       // the call takes no steps: rows stand without slack, and 4:2:0 chroma is rounded down
 };
 
 struct Parameter {
@@ -60,7 +62,15 @@ struct PlaneShape {
 };
 
 int sampleBits(std::string_view sample);
-// The planes of an image of `roi` pixels; subsampled dimensions are rounded up.
+
+// The pixels that share a chroma sample.
+struct ChromaGroup {
+  int across, down;
+};
+ChromaGroup chromaGroup(const SideInfo& side);
+
+// The planes of an image of `roi` pixels; subsampled dimensions are rounded up, except where a tight side says
+// otherwise.
 std::vector<PlaneShape> planeShapes(const SideInfo& side, TolkSize roi);
 
 }  // namespace tolk

@@ -37,7 +37,7 @@ def spaces(operation):
     if SUBSAMPLING.fullmatch(target):  # YCbCr422To420: the target keeps the source's colour space
         target = SUBSAMPLING.sub("", source) + target
     if source.endswith("v210"):  # six pixels in four words to one word of 5, 6 and 5 bits a pixel, or one of gray
-        return source, target if target == "Gray" else target + "565"
+        return source, "Gray10" if target == "Gray" else target + "565"
     return source, target.replace("Gamma", "")
 
 
