@@ -1,16 +1,21 @@
-// Measures every function in every class library, in one run with plain scalar code and memcpy, and prints the ratios.
+// Measures every function in every class library, in one run with plain scalar code, memcpy and the peers that the
+// build has found, and prints the ratios.
 //
 //   tolk_bench [PATTERN] [--size WxH]... [Google Benchmark's own options]
+//   tolk_bench [PATTERN] --summary [...]: the medians at 256x128 in one table
 #include <benchmark/benchmark.h>
 #include <dlfcn.h>
 
+#include <algorithm>
+#include <cmath>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <map>
-#include <memory>
 #include <string>
 
 #include "catalogue.h"
+#include "peers.h"
 
 namespace {
 
@@ -26,32 +31,40 @@ constexpr Implementation kImplementations[] = {
 #endif
 };
 
-// The images of a call: rows without slack, planes apart.
+// The images of a call: rows without slack, planes apart, in patches of one colour so that a peer that takes a chroma
+// group's first pixel for the whole agrees with one that takes the mean.
 class Images {
  public:
   Images(const tolk::Function& function, TolkSize roi) {
     call.roi = roi;
     call.alpha = 255;
     sourceBytes = fill(function.src, call.src);
+    firstTarget = planes.size();
     targetBytes = fill(function.dst, call.dst);
   }
   tolk::Call call;
-  size_t sourceBytes = 0, targetBytes = 0;
+  size_t sourceBytes = 0, targetBytes = 0, firstTarget = 0;
+  std::vector<std::vector<uint8_t>> planes;
 
  private:
   size_t fill(const tolk::SideInfo& info, tolk::Side& side) {
     size_t total = 0, plane = 0;
     for (const tolk::PlaneShape& shape : tolk::planeShapes(info, call.roi)) {
-      const size_t bytes = static_cast<size_t>(shape.rowBytes * shape.rows);
-      storage_.emplace_back(new uint8_t[bytes]);
-      for (size_t i = 0; i < bytes; ++i) storage_.back()[i] = static_cast<uint8_t>(i * 2654435761u >> 13);
-      side.plane[plane] = storage_.back().get();
+      const uint32_t period = shape.channels == 2 ? 4 : static_cast<uint32_t>(shape.channels);
+      std::vector<uint8_t>& bytes = planes.emplace_back();
+      bytes.reserve(static_cast<size_t>(shape.rowBytes * shape.rows) + 64);  // peers write past the last row
+      for (uint32_t y = 0; y < shape.rows; ++y) {
+        for (uint32_t x = 0; x < shape.rowBytes; ++x) {
+          const uint32_t patch = x / 48 * 5 + y / 16 * 1009, channel = static_cast<uint32_t>(plane) * 4 + x % period;
+          bytes.push_back(static_cast<uint8_t>((patch * 16 + channel) * 2654435761u >> 24));
+        }
+      }
+      side.plane[plane] = bytes.data();
       side.step[plane++] = shape.rowBytes;
-      total += bytes;
+      total += bytes.size();
     }
     return total;
   }
-  std::vector<std::unique_ptr<uint8_t[]>> storage_;
 };
 
 void countPixels(benchmark::State& state, TolkSize roi) {
@@ -75,22 +88,65 @@ void runFunction(benchmark::State& state, const tolk::Function& function, const 
 void runMemcpy(benchmark::State& state, const tolk::Function& function, TolkSize roi) {
   Images images(function, roi);
   const size_t bytes = (images.sourceBytes + images.targetBytes) / 2;
-  std::unique_ptr<uint8_t[]> from(new uint8_t[bytes]()), to(new uint8_t[bytes]());
+  std::vector<uint8_t> from(bytes), to(bytes);
   for (auto _ : state) {
-    std::memcpy(to.get(), from.get(), bytes);
-    benchmark::DoNotOptimize(to.get());
+    std::memcpy(to.data(), from.data(), bytes);
+    benchmark::DoNotOptimize(to.data());
     benchmark::ClobberMemory();
   }
   countPixels(state, roi);
 }
 
-// One line a function and size, with the rate of each implementation and its ratios to the first two.
+// The mean distance of two results in the plane where it is largest, without the fourth byte that some leave as it was.
+double distance(const tolk::Function& function, const Images& one, const Images& other) {
+  const bool fourth = function.dst.layout.ends_with("C4");
+  double largest = 0;
+  for (size_t plane = one.firstTarget; plane < one.planes.size(); ++plane) {
+    double sum = 0, count = 0;
+    for (size_t i = 0; i < one.planes[plane].size(); ++i) {
+      if (fourth && i % 4 == 3) continue;
+      sum += std::abs(one.planes[plane][i] - other.planes[plane][i]);
+      ++count;
+    }
+    largest = std::max(largest, sum / count);
+  }
+  return largest;
+}
+
+void runPeer(benchmark::State& state, const tolk::Function& function, const Peer& peer, TolkSize roi) {
+  Images ours(function, roi), theirs(function, roi);
+  const Conversion convert = findConversion(peer, function, roi);
+  convert(theirs.call);
+  function.invoke(function.linked, ours.call);
+  // Another range of the samples makes 13 at most, samples in exchange far more.
+  const double far = distance(function, ours, theirs);
+  if (far > 16) {
+    state.SkipWithError("not compared: its result is another one");
+    return;
+  }
+  for (auto _ : state) {
+    convert(theirs.call);
+    benchmark::ClobberMemory();
+  }
+  countPixels(state, roi);
+}
+
+// One line a function and size, with the rate of each implementation and its ratios; or one summary at the end.
 class RatioReporter : public benchmark::BenchmarkReporter {
  public:
+  explicit RatioReporter(bool summary) : summary_(summary) {}
+
   bool ReportContext(const Context&) override {
-    std::printf("%-44s %-10s %-7s %9s %8s %9s\n", "function", "size", "code", "Mpixel/s", "x plain", "x memcpy");
+    std::string found;
+    for (const Peer& peer : peers()) found += (found.empty() ? "" : ", ") + peer.name + " " + peer.version;
+    std::printf("peers: %s\n", found.empty() ? "none found by the build" : found.c_str());
+    if (!summary_) {
+      std::printf("%-44s %-10s %-12s %8s %8s %9s %7s\n", "function", "size", "code", "Mpixel/s", "x plain", "x memcpy",
+                  "x peer");
+    }
     return true;
   }
+
   void ReportRuns(const std::vector<Run>& runs) override {
     for (const Run& run : runs) {
       if (run.error_occurred) {
@@ -103,55 +159,110 @@ class RatioReporter : public benchmark::BenchmarkReporter {
       const std::string group = name.substr(0, last), code = name.substr(last + 1);
       const double rate = run.counters.at("Mpixel/s");
       rates_[group][code] = rate;
-      if (runs.size() > 1 && run.run_type != Run::RT_Aggregate) continue;
-      std::printf("%-44s %-10s %-7s %9.0f %8s %9s\n", name.substr(0, middle).c_str(),
+      if (summary_ || (runs.size() > 1 && run.run_type != Run::RT_Aggregate)) continue;
+      const bool ours = code == "ssse3" || code == "avx2";
+      std::printf("%-44s %-10s %-12s %8.0f %8s %9s %7s\n", name.substr(0, middle).c_str(),
                   name.substr(middle + 1, last - middle - 1).c_str(), code.c_str(), rate,
-                  ratio(group, "plain", rate).c_str(), ratio(group, "memcpy", rate).c_str());
+                  ratio(rate, rateOf(group, "plain")).c_str(), ratio(rate, rateOf(group, "memcpy")).c_str(),
+                  ours ? ratio(rate, rateOf(group, bestPeer(group, code))).c_str() : "-");
     }
     std::fflush(stdout);
   }
 
- private:
-  std::string ratio(const std::string& group, const char* to, double rate) {
-    const auto found = rates_[group].find(to);
-    if (found == rates_[group].end()) return "-";
-    char text[32];
-    std::snprintf(text, sizeof text, "%.2f", rate / found->second);
-    return text;
+  void Finalize() override {
+    if (!summary_) return;
+    std::printf("%-39s %6s %6s %-12s %6s   %6s %6s %-12s %6s\n", "Mpixel/s", "ssse3", "best", "peer", "ratio", "avx2",
+                "best", "peer", "ratio");
+    for (const tolk::Function& function : tolk::functions()) {
+      const std::string name(function.name), group = name + "/256x128";
+      if (!rates_.count(group)) continue;
+      std::printf("%-39s", name.c_str());
+      for (const char* code : {"ssse3", "avx2"}) {
+        const std::string peer = bestPeer(group, code);
+        const double rate = rateOf(group, code), theirs = rateOf(group, peer);
+        std::printf(" %6.0f %6s %-12s %6s  ", rate, theirs > 0 ? std::to_string(std::lround(theirs)).c_str() : "-",
+                    peer.c_str(), ratio(rate, theirs).c_str());
+      }
+      std::printf("\n");
+    }
   }
+
+ private:
+  double rateOf(const std::string& group, const std::string& code) {
+    const auto found = rates_[group].find(code);
+    return found == rates_[group].end() ? 0 : found->second;
+  }
+
+  // The fastest peer; against SSSE3 code a library that can be held to SSSE3 counts as held.
+  std::string bestPeer(const std::string& group, const std::string& code) {
+    std::string best;
+    for (const Peer& peer : peers()) {
+      if (code == "ssse3" && rateOf(group, peer.name + " ssse3") > 0) continue;
+      if (rateOf(group, peer.name) > rateOf(group, best)) best = peer.name;
+    }
+    return best;
+  }
+
+  static std::string ratio(double rate, double to) {
+    char text[32];
+    std::snprintf(text, sizeof text, "%.2f", rate / to);
+    return to > 0 ? text : "-";
+  }
+
+  bool summary_;
   std::map<std::string, std::map<std::string, double>> rates_;
 };
+
+void registerFunction(const tolk::Function& function, TolkSize roi, bool summary) {
+  const std::string group =
+      std::string(function.name) + "/" + std::to_string(roi.width) + "x" + std::to_string(roi.height) + "/";
+  if (!summary) benchmark::RegisterBenchmark((group + "memcpy").c_str(), runMemcpy, function, roi);
+  for (const Peer& peer : peers()) {
+    if (!findConversion(peer, function, roi)) continue;
+    benchmark::RegisterBenchmark((group + peer.name).c_str(), runPeer, function, peer, roi);
+  }
+  for (const Implementation& code : kImplementations) {
+    if (summary && std::strcmp(code.name, "plain") == 0) continue;
+    benchmark::RegisterBenchmark((group + code.name).c_str(), runFunction, function, code.path, roi);
+  }
+}
 
 }  // namespace
 
 int main(int argc, char** argv) {
-  benchmark::Initialize(&argc, argv);
+  std::vector<char*> arguments(argv, argv + argc);
+  const auto asked = std::find_if(arguments.begin(), arguments.end(),
+                                  [](const char* argument) { return std::strcmp(argument, "--summary") == 0; });
+  const bool summary = asked != arguments.end();
+  // Many short runs in random order, so that what else the machine does falls on all alike; later options win.
+  char repetitions[] = "--benchmark_repetitions=9", time[] = "--benchmark_min_time=0.01",
+       order[] = "--benchmark_enable_random_interleaving=true";
+  if (summary) {
+    arguments.erase(asked);
+    arguments.insert(arguments.begin() + 1, {repetitions, time, order});
+  }
+  int count = static_cast<int>(arguments.size());
+  benchmark::Initialize(&count, arguments.data());
   std::string pattern;
   std::vector<TolkSize> sizes;
-  for (int i = 1; i < argc; ++i) {
+  for (int i = 1; i < count; ++i) {
     TolkSize size;
-    if (std::strcmp(argv[i], "--size") == 0 && i + 1 < argc &&
-        std::sscanf(argv[++i], "%dx%d", &size.width, &size.height) == 2) {
+    if (!summary && std::strcmp(arguments[i], "--size") == 0 && i + 1 < count &&
+        std::sscanf(arguments[++i], "%dx%d", &size.width, &size.height) == 2) {
       sizes.push_back(size);
-    } else if (argv[i][0] != '-') {
-      pattern = argv[i];
+    } else if (arguments[i][0] != '-') {
+      pattern = arguments[i];
     } else {
-      std::fprintf(stderr, "tolk_bench: unknown argument %s\n", argv[i]);
+      std::fprintf(stderr, "tolk_bench: unknown argument %s\n", arguments[i]);
       return 2;
     }
   }
+  if (summary) sizes = {{256, 128}};
   if (sizes.empty()) sizes = {{256, 128}, {250, 128}, {1920, 1080}, {3840, 2160}};
   for (const tolk::Function& function : tolk::functions()) {
     if (function.name.find(pattern) == std::string_view::npos) continue;
-    for (const TolkSize roi : sizes) {
-      const std::string group =
-          std::string(function.name) + "/" + std::to_string(roi.width) + "x" + std::to_string(roi.height) + "/";
-      benchmark::RegisterBenchmark((group + "memcpy").c_str(), runMemcpy, function, roi);
-      for (const Implementation& code : kImplementations) {
-        benchmark::RegisterBenchmark((group + code.name).c_str(), runFunction, function, code.path, roi);
-      }
-    }
+    for (const TolkSize roi : sizes) registerFunction(function, roi, summary);
   }
-  RatioReporter reporter;
+  RatioReporter reporter(summary);
   benchmark::RunSpecifiedBenchmarks(&reporter);
 }

@@ -8,7 +8,7 @@ namespace {
 
 // The four bytes of each whole pair in another order.
 template <int... Place>
-TolkStatus moveBytes(TolkSize roi, const uint8_t* src, ptrdiff_t srcStep, uint8_t* dst, ptrdiff_t dstStep) {
+void moveBytes(TolkSize roi, const uint8_t* src, ptrdiff_t srcStep, uint8_t* dst, ptrdiff_t dstStep, auto whole) {
   static constexpr int kPlace[4] = {Place...};
   static constexpr Places kPlaces = [] {
     Places places{};
@@ -23,12 +23,32 @@ TolkStatus moveBytes(TolkSize roi, const uint8_t* src, ptrdiff_t srcStep, uint8_
     if constexpr (kLanes > 0) {
       constexpr int L = sizeof...(Place) > 0 ? kLanes : 1;
       const auto places = everyLane<L>(kPlaces);
-      for (; i + 16 * L <= bytes; i += 16 * L)
-        storeLanes<16>(to + i, pick(loadLanes<16, uint8_t, L>(from + i), places));
-      if (i < bytes) storeBytes<16>(to + i, pick(loadBytes<16, uint8_t, L>(from + i, bytes - i), places), bytes - i);
+      // Four loads before their stores: a store may seem to meet the next load, where both lie alike in their pages.
+      for (; i + 64 * L <= bytes; i += 64 * L) {
+        U8<L> moved[4];
+        unrolled<4>([&](auto k) __attribute__((always_inline)) {
+          moved[k] = pick(loadLanes<16, uint8_t, L>(from + i + 16 * L * k), places);
+        });
+        unrolled<4>([&](auto k)
+                        __attribute__((always_inline)) { storeBytes<16>(to + i + 16 * L * k, moved[k], whole); });
+      }
+      eachVector<L>(
+          i, bytes, Whole{}, [&](ptrdiff_t x, auto n) __attribute__((always_inline)) {
+            storeBytes<16>(to + x, pick(loadBytes<16, uint8_t, L>(from + x, n), places), n);
+          });
     } else {
       for (; i < bytes; ++i) to[i] = from[(i & -4) + kPlace[i & 3]];
     }
+  }
+}
+template <int... Place>
+TolkStatus moveBytes(TolkSize roi, const uint8_t* src, ptrdiff_t srcStep, uint8_t* dst, ptrdiff_t dstStep) {
+  const Plane<uint8_t> target{dst, dstStep};
+  if (streams(ptrdiff_t{roi.width} * roi.height, target.alignmentBits())) {
+    moveBytes<Place...>(roi, src, srcStep, dst, dstStep, Streamed{});
+    storeFence();
+  } else {
+    moveBytes<Place...>(roi, src, srcStep, dst, dstStep, Whole{});
   }
   return tolkStatusOk;
 }

@@ -1,4 +1,4 @@
-// Sources whose chroma is a weighted sum of several chroma rows.
+// Sources whose chroma rows are weighted sums of the rows of an image.
 #pragma once
 
 #include "frame/relayout.h"
@@ -6,73 +6,77 @@
 
 namespace tolk {
 
-// Luma of Down rows; chroma of the sum of weight[i] * tap[i] in units of 1 / 2^shift, rounded. The rows are those of a
-// layout: packed 4:2:2, or planes that share nothing vertically.
-template <class Inner, int Down, int Taps>
-struct MixedRow {
-  Inner luma[Down];
-  Inner tap[Taps];
+// Rows and their weights, in units whose sum is a power of two.
+template <int Taps>
+struct WeightedRows {
+  ptrdiff_t row[Taps];
   int weight[Taps];
-  int shift;
-
-  template <int L>
-  LANE_OP GroupSamples<Down, L> load(ptrdiff_t x) const {
-    return mixed<L>([&](const Inner& row) __attribute__((always_inline)) { return row.template load<L>(x); });
-  }
-  template <int L>
-  LANE_OP GroupSamples<Down, L> loadSome(ptrdiff_t x, ptrdiff_t pixels) const {
-    return mixed<L>([&](const Inner& row)
-                        __attribute__((always_inline)) { return row.template loadSome<L>(x, pixels); });
-  }
-  std::array<int, 3> loadPixel(int k, ptrdiff_t x) const {
-    int sums[2] = {1 << shift >> 1, 1 << shift >> 1};
-    for (int i = 0; i < Taps; ++i) {
-      const auto [Y, Cb, Cr] = tap[i].loadPixel(0, x);
-      sums[0] += weight[i] * Cb;
-      sums[1] += weight[i] * Cr;
-    }
-    return {luma[k].loadPixel(0, x)[0], clamp8(sums[0] >> shift), clamp8(sums[1] >> shift)};
-  }
-
- private:
-  template <int L>
-  LANE_OP GroupSamples<Down, L> mixed(auto loadRow) const {
-    GroupSamples<Down, L> result;
-    unrolled<Down>([&](auto k) __attribute__((always_inline)) { result.luma[k] = loadRow(luma[k]).luma[0]; });
-    const I16<L> half = I16<L>::splat(static_cast<int16_t>(1 << shift >> 1));
-    I16<L> cb = half, cr = half;
-    unrolled<Taps>([&](auto i) __attribute__((always_inline)) {
-      const auto row = loadRow(tap[i]);
-      const I16<L> w = I16<L>::splat(static_cast<int16_t>(weight[i]));
-      cb = cb + mulLow(widenLow(row.cb), w);
-      cr = cr + mulLow(widenLow(row.cr), w);
-    });
-    cb = shiftRight(cb, shift);
-    cr = shiftRight(cr, shift);
-    result.cb = narrow(cb, cb);
-    result.cr = narrow(cr, cr);
-    return result;
-  }
 };
 
-// A source whose row(y) is pick(y), a MixedRow.
-template <int Down, class Pick>
-struct MixedGroups {
+// The image with another chroma row for every Down rows of luma: row r is the sum of mix(r) by 2^Shift, rounded.
+template <int Down, int Shift, class Image, class Mix>
+struct MixedRows : Image {
   static constexpr int kAcross = 2, kDown = Down;
-  auto row(ptrdiff_t group) const { return pick(group); }
-  Pick pick;
+  Mix mix;
 };
-template <int Down, class Pick>
-MixedGroups<Down, Pick> mixedRows(Pick pick) {
-  return {pick};
+template <int Down, int Shift, class Image, class Mix>
+MixedRows<Down, Shift, Image, Mix> mixedRows(const Image& image, Mix mix) {
+  return {image, mix};
 }
 
-// Row y of the luma of planes, with one of the chroma rows.
-using PlaneRow = PlanarGroups<2, 1>::Row;
-template <class Planes>
-PlaneRow planeRow(const Planes& planes, ptrdiff_t y, ptrdiff_t chromaRow) {
-  return {lumaRows<1>(planes.plane[0], planes.step[0], y), planes.plane[1] + chromaRow * planes.step[1],
-          planes.plane[2] + chromaRow * planes.step[2]};
+namespace detail {
+// Sums of the products of two bytes each with the two weights.
+template <int L>
+LANE_OP std::array<I16<L>, 2> weighted(U8<L> a, U8<L> b, int weightA, int weightB) {
+  const auto weights = as<int8_t>(I16<L>::splat(static_cast<int16_t>((weightB << 8) + (weightA & 255))));
+  return {pairSum(interleaveLow<1>(a, b), weights), pairSum(interleaveHigh<1>(a, b), weights)};
+}
+}  // namespace detail
+
+template <int Stride, int L, int Down, int Shift, class Image, class Mix>
+LANE_OP ChromaSamples<L> readChroma(const MixedRows<Down, Shift, Image, Mix>& source, ptrdiff_t row, ptrdiff_t i,
+                                    auto n) {
+  const auto taps = source.mix(row);
+  const Image& image = source;
+  constexpr int kTaps = sizeof taps.weight / sizeof(int);
+  ChromaSamples<L> read[kTaps];
+  read[0] = readChroma<Stride, L>(image, taps.row[0], i, n);
+  if (taps.weight[0] == 1 << Shift) return read[0];
+  unrolled<kTaps - 1>([&](auto k) __attribute__((always_inline)) {
+    read[k + 1] = readChroma<Stride, L>(image, taps.row[k + 1], i, n);
+  });
+  auto mixed = [&](U8<L> ChromaSamples<L>::*c) __attribute__((always_inline)) {
+    std::array<I16<L>, 2> sum = {I16<L>::splat(1 << Shift >> 1), I16<L>::splat(1 << Shift >> 1)};
+    unrolled<kTaps / 2>([&](auto k) __attribute__((always_inline)) {
+      const auto part =
+          detail::weighted(read[2 * k].*c, read[2 * k + 1].*c, taps.weight[2 * k], taps.weight[2 * k + 1]);
+      sum = {sum[0] + part[0], sum[1] + part[1]};
+    });
+    return narrow(shiftRight(sum[0], Shift), shiftRight(sum[1], Shift));
+  };
+  return {mixed(&ChromaSamples<L>::cb), mixed(&ChromaSamples<L>::cr)};
+}
+
+template <int Stride, int L, int Down, int Shift, class Image, class Mix>
+LANE_OP PairSamples<L> readPairs(const MixedRows<Down, Shift, Image, Mix>& source, ptrdiff_t y, ptrdiff_t i, auto n) {
+  const Image& image = source;
+  return {readPairs<Stride, L>(image, y, i, n).luma, readChroma<Stride, L>(source, y / Down, i, n)};
+}
+
+template <int Down, int Shift, class Image, class Mix>
+int lumaAt(const MixedRows<Down, Shift, Image, Mix>& source, ptrdiff_t y, ptrdiff_t x) {
+  return lumaAt<Image>(source, y, x);
+}
+template <int Down, int Shift, class Image, class Mix>
+std::array<int, 2> chromaAt(const MixedRows<Down, Shift, Image, Mix>& source, ptrdiff_t row, ptrdiff_t i) {
+  const auto taps = source.mix(row);
+  int sums[2] = {1 << Shift >> 1, 1 << Shift >> 1};
+  for (size_t k = 0; k < std::size(taps.row); ++k) {
+    const auto pair = chromaAt<Image>(source, taps.row[k], i);
+    sums[0] += taps.weight[k] * pair[0];
+    sums[1] += taps.weight[k] * pair[1];
+  }
+  return {clamp8(sums[0] >> Shift), clamp8(sums[1] >> Shift)};
 }
 
 }  // namespace tolk

@@ -1,97 +1,118 @@
 // Chroma planes resampled between 4:2:0, 4:1:1 and one pair for 4 by 4 pixels; the rounding of a mean goes by the
 // column.
 #include "frame/checks.h"
-#include "frame/relayout.h"
+#include "frame/planes.h"
+#include "lanes/terms.h"
 
 using namespace tolk;
 
 namespace {
 
-// Means of two samples: rounded up below a column, down from there on.
-constexpr int meanUp(int u, int v) { return (u + v + 1) >> 1; }
-constexpr int meanDown(int u, int v) { return (u + v) >> 1; }
+// The mean of two samples goes up in the block columns of a row, down in its tail. Terms serve lanes and integers.
+struct Up {
+  LANE_OP static auto of(auto u, auto v) { return average(u, v); }
+};
+struct Down {
+  LANE_OP static auto of(auto u, auto v) { return mean(u, v); }
+};
 
-// Sample x of the row that has twice as many: the samples and the means of neighbours; the last one stands alone.
-int doubled(const uint8_t* row, ptrdiff_t x, ptrdiff_t width, ptrdiff_t split) {
-  const ptrdiff_t i = x / 2;
-  if (x % 2 == 0 || i + 1 == width) return row[i];
-  return i < split ? meanUp(row[i], row[i + 1]) : meanDown(row[i], row[i + 1]);
-}
-// The columns from 16 to 1 before the end round down, those before round up.
-ptrdiff_t splitOfDoubling(ptrdiff_t width) { return width - ((width - 1) % 16 + 1); }
+// A source row: its samples, or with a row below the means of both.
+template <class Mean>
+struct Source {
+  const uint8_t *row, *below;
+  ptrdiff_t last;  // column
 
-template <int L>
-LANE_OP U8<L> neighbours(const uint8_t* row, ptrdiff_t i) {
-  return average(loadLanes<16, uint8_t, L>(row + i), loadLanes<16, uint8_t, L>(row + i + 1));
-}
-
-void doubleRow(const uint8_t* row, uint8_t* to, ptrdiff_t width) {
-  const ptrdiff_t split = splitOfDoubling(width);
-  ptrdiff_t i = 0;
-  if constexpr (kLanes > 0) {
-    for (; i < split; i += 16) {
-      const auto own = loadLanes<16, uint8_t, 1>(row + i), mean = neighbours<1>(row, i);
-      storeLanes<16>(to + 2 * i, interleaveLow<1>(own, mean));
-      storeLanes<16>(to + 2 * i + 16, interleaveHigh<1>(own, mean));
+  int at(ptrdiff_t i) const { return below ? Mean::of(int{row[i]}, int{below[i]}) : row[i]; }
+  template <int Stride, int L>
+  LANE_OP U8<L> load(ptrdiff_t i, auto n) const {
+    const U8<L> own = loadBytes<Stride, uint8_t, L>(row + i, n);
+    return below ? Mean::of(own, loadBytes<Stride, uint8_t, L>(below + i, n)) : own;
+  }
+  // The sample and the next one's mean; the last sample has none after it.
+  int widened(ptrdiff_t x) const {
+    const ptrdiff_t i = x / 2, next = std::min(i + x % 2, last);
+    const int own = Mean::of(int{row[i]}, int{row[next]});
+    return below ? Mean::of(own, Mean::of(int{below[i]}, int{below[next]})) : own;
+  }
+  template <int L>
+  LANE_OP U8<L> between(const uint8_t* p, ptrdiff_t i, auto n) const {
+    const U8<L> own = loadBytes<16, uint8_t, L>(p + i, n);
+    U8<L> next;
+    if constexpr (std::is_same_v<decltype(n), Whole>) {
+      next = loadBytes<16, uint8_t, L>(p + i + 1, n);
+    } else {
+      const ptrdiff_t after = std::min(n, last - i);
+      next =
+          choose(firstSamples<uint8_t, L>(after), loadBytes<16, uint8_t, L>(p + i + 1, after), U8<L>::splat(p[last]));
     }
+    return Mean::of(own, next);
   }
-  for (ptrdiff_t x = 2 * i; x < 2 * width; ++x) to[x] = static_cast<uint8_t>(doubled(row, x, width, split));
-}
+  template <int L>
+  LANE_OP U8<L> widened(ptrdiff_t i, auto n) const {
+    const U8<L> own = between<L>(row, i, n);
+    return below ? Mean::of(own, between<L>(below, i, n)) : own;
+  }
+};
 
-// Between two doubled rows.
-void doubleBetween(const uint8_t* row, const uint8_t* below, uint8_t* to, ptrdiff_t width) {
-  const ptrdiff_t split = splitOfDoubling(width);
-  ptrdiff_t i = 0;
+// Source columns i to end, in the target two samples each.
+template <class Mean>
+void doubleColumns(Source<Mean> from, uint8_t* to, ptrdiff_t i, ptrdiff_t end) {
   if constexpr (kLanes > 0) {
-    for (; i < split; i += 16) {
-      const auto own = average(loadLanes<16, uint8_t, 1>(row + i), loadLanes<16, uint8_t, 1>(below + i));
-      const auto mean = average(neighbours<1>(row, i), neighbours<1>(below, i));
-      storeLanes<16>(to + 2 * i, interleaveLow<1>(own, mean));
-      storeLanes<16>(to + 2 * i + 16, interleaveHigh<1>(own, mean));
+    constexpr int L = sizeof(Mean) > 0 ? kLanes : 1;
+    auto columns = [&](ptrdiff_t x, auto n) __attribute__((always_inline)) {
+      const U8<L> own = from.template load<16, L>(x, n), mean = from.template widened<L>(x, n);
+      storeBytes<32>(to + 2 * x, interleaveLow<1>(own, mean), n * 2);
+      storeBytes<32>(to + 2 * x + 16, interleaveHigh<1>(own, mean), n * 2 - 16);
+    };
+    if constexpr (std::is_same_v<Mean, Up>) {
+      eachVector<L>(i, end, Whole{}, columns);
+    } else {
+      columns(i, end - i);  // sixteen at most, and the last one has none after it
     }
+  } else {
+    for (ptrdiff_t x = 2 * i; x < 2 * end; ++x) to[x] = static_cast<uint8_t>(from.widened(x));
   }
-  for (ptrdiff_t x = 2 * i; x < 2 * width; ++x) {
-    const int u = doubled(row, x, width, split), v = doubled(below, x, width, split);
-    to[x] = static_cast<uint8_t>(x / 2 < split ? meanUp(u, v) : meanDown(u, v));
-  }
+}
+// The tail of widening is the last one to sixteen columns.
+void doubleRow(const uint8_t* row, const uint8_t* below, uint8_t* to, ptrdiff_t width) {
+  const ptrdiff_t split = (width - 1) & -16;
+  doubleColumns(Source<Up>{row, below, width - 1}, to, 0, split);
+  doubleColumns(Source<Down>{row, below, width - 1}, to, split, width);
 }
 
 void repeatRow(const uint8_t* row, uint8_t* to, ptrdiff_t width) {
   for (ptrdiff_t x = 0; x < 2 * width; ++x) to[x] = row[x / 2];
 }
 
-// Every second sample, and the mean of those of two rows, rounded up in whole blocks of 32 and down after them.
-void halveRow(const uint8_t* row, uint8_t* to, ptrdiff_t width) {
-  ptrdiff_t x = 0;
+// Target columns x to end, each of every second source sample; up in whole blocks of 32.
+template <class Mean>
+void halveColumns(Source<Mean> from, uint8_t* to, ptrdiff_t x, ptrdiff_t end) {
   if constexpr (kLanes > 0) {
-    for (; x + 16 <= width; x += 16) {
-      storeLanes<16>(to + x, narrow(evenBytes(loadLanes<16, uint8_t, 1>(row + 2 * x)),
-                                    evenBytes(loadLanes<16, uint8_t, 1>(row + 2 * x + 16))));
+    constexpr int L = sizeof(Mean) > 0 ? kLanes : 1;
+    auto columns = [&](ptrdiff_t i, auto n) __attribute__((always_inline)) {
+      const U8<L> a = from.template load<32, L>(2 * i, n * 2), b = from.template load<32, L>(2 * i + 16, n * 2 - 16);
+      storeBytes<16>(to + i, evenOf(a, b), n);
+    };
+    if constexpr (std::is_same_v<Mean, Up>) {
+      for (; x < end; x += 16 * L) columns(x, Whole{});
+    } else {
+      eachVector<L>(x, end, Whole{}, columns);
     }
+  } else {
+    for (; x < end; ++x) to[x] = static_cast<uint8_t>(from.at(2 * x));
   }
-  for (; x < width; ++x) to[x] = row[2 * x];
 }
-void halveBetween(const uint8_t* row, const uint8_t* below, uint8_t* to, ptrdiff_t width) {
+void halveRow(const uint8_t* row, const uint8_t* below, uint8_t* to, ptrdiff_t width) {
   const ptrdiff_t split = width & -32;
-  ptrdiff_t x = 0;
-  if constexpr (kLanes > 0) {
-    for (; x < split; x += 16) {
-      auto mean = [&](ptrdiff_t at) __attribute__((always_inline)) {
-        return evenBytes(average(loadLanes<16, uint8_t, 1>(row + at), loadLanes<16, uint8_t, 1>(below + at)));
-      };
-      storeLanes<16>(to + x, narrow(mean(2 * x), mean(2 * x + 16)));
-    }
-  }
-  for (; x < width; ++x) {
-    to[x] = static_cast<uint8_t>(x < split ? meanUp(row[2 * x], below[2 * x]) : meanDown(row[2 * x], below[2 * x]));
-  }
+  halveColumns(Source<Up>{row, below, 0}, to, 0, split);
+  halveColumns(Source<Down>{row, below, 0}, to, split, width);
 }
 
 // Luma as it stands, then convert(source rows, target rows) for each chroma plane; rowOf addresses row y of a plane.
 template <class Convert>
 TolkStatus resample(const uint8_t* const* src, const int32_t* srcStep, uint8_t* const* dst, const int32_t* dstStep,
                     TolkSize roi, Convert convert) {
-  detail::copyPlane(src[0], srcStep[0], dst[0], dstStep[0], roi.width, roi.height);
+  copyPlane({src[0], srcStep[0]}, {dst[0], dstStep[0]}, roi.width, roi.height);
   for (int c = 1; c < 3; ++c) {
     convert([=](ptrdiff_t y) { return src[c] + y * srcStep[c]; }, [=](ptrdiff_t y) { return dst[c] + y * dstStep[c]; });
   }
@@ -116,8 +137,8 @@ TolkStatus tolkYCbCr1620To420_8u_P3R(const uint8_t* const src[3], const int32_t 
   const ptrdiff_t width = roi.width / 4, height = roi.height / 4;
   return resample(src, srcStep, dst, dstStep, roi, [=](auto from, auto to) {
     for (ptrdiff_t k = 0; k < height; ++k) {
-      doubleRow(from(k), to(2 * k), width);
-      if (k + 1 < height) doubleBetween(from(k), from(k + 1), to(2 * k + 1), width);
+      doubleRow(from(k), nullptr, to(2 * k), width);
+      if (k + 1 < height) doubleRow(from(k), from(k + 1), to(2 * k + 1), width);
     }
     repeatRow(from(height - 1), to(2 * height - 1), width);  // without the means of the row above it
   });
@@ -129,7 +150,7 @@ TolkStatus tolkYCbCr420To1620_8u_P3R(const uint8_t* const src[3], const int32_t 
     return fault;
   }
   return resample(src, srcStep, dst, dstStep, roi, [=](auto from, auto to) {
-    for (ptrdiff_t y = 0; y < roi.height / 4; ++y) halveRow(from(2 * y), to(y), roi.width / 4);
+    for (ptrdiff_t y = 0; y < roi.height / 4; ++y) halveRow(from(2 * y), nullptr, to(y), roi.width / 4);
   });
 }
 
@@ -139,7 +160,7 @@ TolkStatus tolkYCbCr411To420_8u_P3R(const uint8_t* const src[3], const int32_t s
     return fault;
   }
   return resample(src, srcStep, dst, dstStep, roi, [=](auto from, auto to) {
-    for (ptrdiff_t r = 0; r < roi.height / 2; ++r) doubleRow(from(2 * r), to(r), roi.width / 4);
+    for (ptrdiff_t r = 0; r < roi.height / 2; ++r) doubleRow(from(2 * r), nullptr, to(r), roi.width / 4);
   });
 }
 
@@ -152,12 +173,8 @@ TolkStatus tolkYCbCr420To411_8u_P3R(const uint8_t* const src[3], const int32_t s
   const ptrdiff_t width = roi.width / 4, height = roi.height / 2;
   return resample(src, srcStep, dst, dstStep, roi, [=](auto from, auto to) {
     for (ptrdiff_t k = 0; k < height; ++k) {
-      halveRow(from(k), to(2 * k), width);
-      if (k + 1 < height || height == 1) {
-        halveBetween(from(k), from(k + 1), to(2 * k + 1), width);
-      } else {
-        halveRow(from(k), to(2 * k + 1), width);
-      }
+      halveRow(from(k), nullptr, to(2 * k), width);
+      halveRow(from(k), k + 1 < height || height == 1 ? from(k + 1) : nullptr, to(2 * k + 1), width);
     }
   });
 }

@@ -1,6 +1,8 @@
 // 4:2:0 smoothed by three rows of luma and two of chroma, for a whole picture or stripe by stripe.
 #include "frame/checks.h"
-#include "frame/relayout.h"
+#include "frame/planes.h"
+#include "frame/rows.h"
+#include "lanes/terms.h"
 
 using namespace tolk;
 
@@ -17,8 +19,6 @@ LANE_OP U8<L> quarterSum(U8<L> a, U8<L> c, U8<L> b, int half) {
   return narrow(sum(widenLow(a), widenLow(c), widenLow(b)), sum(widenHigh(a), widenHigh(c), widenHigh(b)));
 }
 constexpr int quarterSum(int a, int c, int b, int half) { return std::min(255, (a + 2 * c + b + half) >> 2); }
-constexpr int average(int u, int v) { return (u + v + 1) >> 1; }
-using tolk::average;
 
 struct Tri {
   LANE_OP static auto of(auto a, auto c, auto b) { return quarterSum(a, c, b, 0); }
@@ -36,11 +36,7 @@ struct Avg {
   LANE_OP static auto of(auto u, auto v) { return average(u, v); }
 };
 struct Mean {
-  template <int L>
-  LANE_OP static U8<L> of(U8<L> u, U8<L> v) {
-    return average(u, v) - (differing(u, v) & U8<L>::splat(1));
-  }
-  static int of(int u, int v) { return (u + v) >> 1; }
+  LANE_OP static auto of(auto u, auto v) { return mean(u, v); }
 };
 
 // ---- Rows ----
@@ -49,7 +45,7 @@ struct LumaRow {  // at the edges of a picture the own row stands in for the mis
   const uint8_t *above, *own, *below;
 
   template <class Term, int L>
-  LANE_OP U8<L> load(ptrdiff_t x, ptrdiff_t n) const {
+  LANE_OP U8<L> load(ptrdiff_t x, auto n) const {
     return Term::of(loadBytes<16, uint8_t, L>(above + x, n), loadBytes<16, uint8_t, L>(own + x, n),
                     loadBytes<16, uint8_t, L>(below + x, n));
   }
@@ -61,9 +57,9 @@ struct LumaRow {  // at the edges of a picture the own row stands in for the mis
 struct ChromaRow {  // of pairs; columns count their bytes
   const uint8_t *first, *second;
 
-  template <class Term, int L>
-  LANE_OP U8<L> load(ptrdiff_t x, ptrdiff_t n) const {
-    return Term::of(loadBytes<16, uint8_t, L>(first + x, n), loadBytes<16, uint8_t, L>(second + x, n));
+  template <class Term, int L, int Stride = 16>
+  LANE_OP U8<L> load(ptrdiff_t x, auto n) const {
+    return Term::of(loadBytes<Stride, uint8_t, L>(first + x, n), loadBytes<Stride, uint8_t, L>(second + x, n));
   }
   template <class Term>
   int at(ptrdiff_t x) const {
@@ -74,7 +70,7 @@ struct ChromaRow {  // of pairs; columns count their bytes
 // vector(x, n) stores the n columns from x on, pixel(x) one.
 LANE_OP void eachColumn(ptrdiff_t x, ptrdiff_t end, auto vector, auto pixel) {
   if constexpr (kLanes > 0) {
-    for (; x < end; x += 16 * kLanes) vector(x, std::min<ptrdiff_t>(end - x, 16 * kLanes));
+    eachVector<kLanes>(x, end, Whole{}, vector);
   } else {
     for (; x < end; ++x) pixel(x);
   }
@@ -86,10 +82,10 @@ void packedColumns(LumaRow luma, ChromaRow chroma, uint8_t* to, ptrdiff_t x, ptr
   constexpr int L = kWidth;
   eachColumn(
       x, end,
-      [&](ptrdiff_t i, ptrdiff_t n) __attribute__((always_inline)) {
+      [&](ptrdiff_t i, auto n) __attribute__((always_inline)) {
         const auto y = luma.load<LumaTerm, L>(i, n), c = chroma.load<ChromaTerm, L>(i, n);
-        storeBytes<32>(to + 2 * i, interleaveLow<1>(y, c), 2 * n);
-        storeBytes<32>(to + 2 * i + 16, interleaveHigh<1>(y, c), 2 * n - 16);
+        storeBytes<32>(to + 2 * i, interleaveLow<1>(y, c), n * 2);
+        storeBytes<32>(to + 2 * i + 16, interleaveHigh<1>(y, c), n * 2 - 16);
       },
       [&](ptrdiff_t i) {
         to[2 * i] = static_cast<uint8_t>(luma.at<LumaTerm>(i));
@@ -101,21 +97,24 @@ void lumaColumns(LumaRow luma, uint8_t* to, ptrdiff_t x, ptrdiff_t end) {
   constexpr int L = kWidth;
   eachColumn(
       x, end,
-      [&](ptrdiff_t i, ptrdiff_t n)
-          __attribute__((always_inline)) { storeBytes<16>(to + i, luma.load<Term, L>(i, n), n); },
+      [&](ptrdiff_t i, auto n) __attribute__((always_inline)) { storeBytes<16>(to + i, luma.load<Term, L>(i, n), n); },
       [&](ptrdiff_t i) { to[i] = static_cast<uint8_t>(luma.at<Term>(i)); });
 }
+// Columns count the pairs.
 template <class Term>
 void splitColumns(ChromaRow chroma, uint8_t* first, uint8_t* second, ptrdiff_t x, ptrdiff_t end) {
   constexpr int L = kWidth;
   eachColumn(
       x, end,
-      [&](ptrdiff_t i, ptrdiff_t n) __attribute__((always_inline)) {
-        const auto pairs = chroma.load<Term, L>(i, n);
-        storeSomeParts<8>(first + i / 2, pick(pairs, everyLane<L>(kEvenPlaces)), n / 2);
-        storeSomeParts<8>(second + i / 2, pick(pairs, everyLane<L>(kOddPlaces)), n / 2);
+      [&](ptrdiff_t i, auto n) __attribute__((always_inline)) {
+        const auto a = chroma.load<Term, L, 32>(2 * i, n * 2), b = chroma.load<Term, L, 32>(2 * i + 16, n * 2 - 16);
+        storeBytes<16>(first + i, evenOf(a, b), n);
+        storeBytes<16>(second + i, oddOf(a, b), n);
       },
-      [&](ptrdiff_t i) { (i % 2 == 0 ? first : second)[i / 2] = static_cast<uint8_t>(chroma.at<Term>(i)); });
+      [&](ptrdiff_t i) {
+        first[i] = static_cast<uint8_t>(chroma.at<Term>(2 * i));
+        second[i] = static_cast<uint8_t>(chroma.at<Term>(2 * i + 1));
+      });
 }
 
 enum Stripe { kFirst = 1, kMiddle = 4, kLast = 16, kWhole = 21, kNone = 0 };
@@ -198,8 +197,8 @@ struct PlanarPicture : Picture {
   }
   template <class Block, class Rest = Block>
   void chromaRow(ptrdiff_t r, ChromaRow row) const {
-    splitColumns<Block>(row, to(1, r), to(2, r), 0, split);
-    splitColumns<Rest>(row, to(1, r), to(2, r), split, width);
+    splitColumns<Block>(row, to(1, r), to(2, r), 0, split / 2);
+    splitColumns<Rest>(row, to(1, r), to(2, r), split / 2, width / 2);
   }
 
   void whole() const {

@@ -11,8 +11,6 @@ struct GroupChroma {
   U8<L> both;
 };
 
-// `store` and `storeSome` of the targets leave the luma out where kLuma is false.
-
 namespace detail {
 inline constexpr Places kCbFirst = {{0, 8, 1, 9, 2, 10, 3, 11, 4, 12, 5, 13, 6, 14, 7, 15}};
 inline constexpr Places kCrFirst = {{8, 0, 9, 1, 10, 2, 11, 3, 12, 4, 13, 5, 14, 6, 15, 7}};
@@ -26,17 +24,16 @@ struct PlanarTarget {
     uint8_t* luma[Down];
     uint8_t *cb, *cr;
 
-    template <bool kLuma = true, int L>
+    template <int L>
     LANE_OP void store(ptrdiff_t x, const Registers<uint8_t, L, Down>& Y, GroupChroma<L> chroma) const {
-      unrolled<kLuma ? Down : 0>([&](auto k) __attribute__((always_inline)) { storeLanes<16>(luma[k] + x, Y[k]); });
+      unrolled<Down>([&](auto k) __attribute__((always_inline)) { storeLanes<16>(luma[k] + x, Y[k]); });
       storeParts<kPart>(cb + x / Across, chroma.both);
       storeParts<kPart>(cr + x / Across, interleaveHigh<8>(chroma.both, chroma.both));
     }
-    template <bool kLuma = true, int L>
+    template <int L>
     LANE_OP void storeSome(ptrdiff_t x, ptrdiff_t pixels, const Registers<uint8_t, L, Down>& Y,
                            GroupChroma<L> chroma) const {
-      unrolled<kLuma ? Down : 0>([&](auto k)
-                                     __attribute__((always_inline)) { storeBytes<16>(luma[k] + x, Y[k], pixels); });
+      unrolled<Down>([&](auto k) __attribute__((always_inline)) { storeBytes<16>(luma[k] + x, Y[k], pixels); });
       storeSomeParts<kPart>(cb + x / Across, chroma.both, pixels / Across);
       storeSomeParts<kPart>(cr + x / Across, interleaveHigh<8>(chroma.both, chroma.both), pixels / Across);
     }
@@ -66,16 +63,15 @@ struct TwoPlaneTarget {
     uint8_t* luma[Down];
     uint8_t* pairs;
 
-    template <bool kLuma = true, int L>
+    template <int L>
     LANE_OP void store(ptrdiff_t x, const Registers<uint8_t, L, Down>& Y, GroupChroma<L> chroma) const {
-      unrolled<kLuma ? Down : 0>([&](auto k) __attribute__((always_inline)) { storeLanes<16>(luma[k] + x, Y[k]); });
+      unrolled<Down>([&](auto k) __attribute__((always_inline)) { storeLanes<16>(luma[k] + x, Y[k]); });
       storeParts<kPart>(pairs + x * 2 / Across, paired(chroma));
     }
-    template <bool kLuma = true, int L>
+    template <int L>
     LANE_OP void storeSome(ptrdiff_t x, ptrdiff_t pixels, const Registers<uint8_t, L, Down>& Y,
                            GroupChroma<L> chroma) const {
-      unrolled<kLuma ? Down : 0>([&](auto k)
-                                     __attribute__((always_inline)) { storeBytes<16>(luma[k] + x, Y[k], pixels); });
+      unrolled<Down>([&](auto k) __attribute__((always_inline)) { storeBytes<16>(luma[k] + x, Y[k], pixels); });
       storeSomeParts<kPart>(pairs + x * 2 / Across, paired(chroma), pixels * 2 / Across);
     }
     void setLuma(int k, ptrdiff_t x, int value) const { luma[k][x] = static_cast<uint8_t>(value); }
@@ -108,13 +104,13 @@ struct PackedTarget422 {
   struct Row {
     uint8_t* base;
 
-    template <bool kLuma = true, int L>
+    template <int L>
     LANE_OP void store(ptrdiff_t x, const Registers<uint8_t, L, 1>& luma, GroupChroma<L> chroma) const {
       const auto [low, high] = packed(luma[0], chroma);
       storeLanes<32>(base + 2 * x, low);
       storeLanes<32>(base + 2 * x + 16, high);
     }
-    template <bool kLuma = true, int L>
+    template <int L>
     LANE_OP void storeSome(ptrdiff_t x, ptrdiff_t pixels, const Registers<uint8_t, L, 1>& luma,
                            GroupChroma<L> chroma) const {
       const auto [low, high] = packed(luma[0], chroma);

@@ -4,7 +4,7 @@
 #include <array>
 #include <utility>
 
-#include "lanes/lanes.h"
+#include "lanes/memory.h"
 
 namespace tolk {
 

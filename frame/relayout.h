@@ -1,8 +1,7 @@
 // Moves a subsampled image from one layout to another: luma as it stands, chroma kept, dropped, repeated or re-tiled.
 #pragma once
 
-#include "frame/groups.h"
-#include "frame/subsampled.h"
+#include "frame/chroma_samples.h"
 
 namespace tolk {
 
@@ -23,115 +22,133 @@ constexpr Chroma chromaRule() {
 
 namespace detail {
 
-// Both sides have a luma plane of its own.
 template <class Source, class Target>
-inline constexpr bool kLumaPlanes = requires(Source s, Target t) {
-  s.plane;
-  t.plane;
-};
+struct Relayout {
+  static constexpr bool kSourcePlanes = HasLumaPlane<Source>, kTargetPlanes = HasLumaPlane<Target>;
+  static constexpr Chroma kRule = chromaRule<Source, Target>();
+  // Luma rows of a step; source and target rows of chroma; samples read and written for each one of the coarser side.
+  static constexpr int kRows = Source::kDown > Target::kDown ? Source::kDown : Target::kDown;
+  static constexpr int kReads = kRows / Source::kDown, kWrites = kRows / Target::kDown;
+  static constexpr int kIn = kRule == Chroma::Halve || kRule == Chroma::Unravel ? 2 : 1;
+  static constexpr int kOut = kRule == Chroma::Double || kRule == Chroma::Weave ? 2 : 1;
 
-// Rows of bytes; as one run where they stand without slack on both sides.
-inline void copyPlane(const uint8_t* src, ptrdiff_t srcStep, uint8_t* dst, ptrdiff_t dstStep, ptrdiff_t width,
-                      ptrdiff_t height) {
-  if (srcStep == width && dstStep == width && height > 0) {
-    width *= height;
-    height = 1;
-  }
-  for (ptrdiff_t y = 0; y < height; ++y) std::memcpy(dst + y * dstStep, src + y * srcStep, static_cast<size_t>(width));
-}
+  Source source;
+  Target target;
 
-template <int L>
-LANE_OP GroupChroma<L> chromaOf(U8<L> cb, U8<L> cr) {
-  return {interleaveLow<8>(cb, cr)};
-}
-
-// The vector at column x of the rows of one target group row, or of the two rows of one source group row.
-template <class Source, class Target, int L>
-LANE_OP void relayoutVector(const Source& source, const Target& target, ptrdiff_t group, auto load, auto store) {
-  constexpr Chroma kRule = chromaRule<Source, Target>();
-  constexpr int kRows = Source::kDown > Target::kDown ? Source::kDown : Target::kDown;
-  constexpr int kReads = kRows / Source::kDown, kWrites = kRows / Target::kDown;
-  GroupSamples<Source::kDown, L> read[kReads];
-  unrolled<kReads>([&](auto i) __attribute__((always_inline)) { read[i] = load(source.row(group * kReads + i)); });
-
-  unrolled<kWrites>([&](auto i) __attribute__((always_inline)) {
-    Registers<uint8_t, L, Target::kDown> luma;
-    unrolled<Target::kDown>([&](auto k) __attribute__((always_inline)) {
-      constexpr int kRow = i * Target::kDown + k;
-      luma[k] = read[kRow / Source::kDown].luma[kRow % Source::kDown];
+  // Sixteen samples a lane of the coarser side from sample i on, of which n are left.
+  template <int L>
+  LANE_OP void vector(ptrdiff_t group, ptrdiff_t i, auto n) const {
+    ChromaSamples<L> read[kReads][kIn];
+    if constexpr (kSourcePlanes) {
+      unrolled<kRule == Chroma::Weave ? 2 : 1>([&](auto row) __attribute__((always_inline)) {
+        unrolled<kIn>([&](auto h) __attribute__((always_inline)) {
+          read[row][h] = readChroma<16 * kIn, L>(source, group * kReads + row, kIn * i + 16 * h, n * kIn - 16 * h);
+        });
+      });
+    } else {
+      unrolled<kRows * kIn>([&](auto k) __attribute__((always_inline)) {
+        constexpr int kRow = k / kIn, kHalf = k % kIn;
+        const ptrdiff_t y = group * kRows + kRow, at = kIn * i + 16 * kHalf;
+        const auto left = n * kIn - 16 * kHalf;
+        const PairSamples<L> pairs = readPairs<16 * kIn, L>(source, y, at, left);
+        if constexpr (kRow == 0) read[0][kHalf] = pairs.chroma;
+        writeLuma<16 * kIn>(target, y, at, left, pairs.luma);
+      });
+    }
+    unrolled<kWrites * kOut>([&](auto k) __attribute__((always_inline)) {
+      constexpr int kRow = k / kOut, kHalf = k % kOut;
+      const auto chroma = written<kRow, kHalf>(read);
+      const ptrdiff_t row = group * kWrites + kRow, at = kOut * i + 16 * kHalf;
+      const auto left = n * kOut - 16 * kHalf;
+      if constexpr (kTargetPlanes) {
+        writeChroma<16 * kOut>(target, row, at, left, chroma);
+      } else {
+        writePairs<16 * kOut>(target, row, at, left, readLuma<16 * kOut, L>(source, row, at, left), chroma);
+      }
     });
-    U8<L> cb = read[0].cb, cr = read[0].cr;
-    if constexpr (kRule == Chroma::Halve || kRule == Chroma::Unravel) {
-      const auto places = everyLane<L>(i == 0 ? kEvenPlaces : kOddPlaces);
-      cb = pick(cb, places);
-      cr = pick(cr, places);
-    } else if constexpr (kRule == Chroma::Double || kRule == Chroma::Weave) {
-      cb = interleaveLow<1>(cb, read[kReads - 1].cb);
-      cr = interleaveLow<1>(cr, read[kReads - 1].cr);
-    }
-    store(target.row(group * kWrites + i), luma, chromaOf(cb, cr));
-  });
-}
-
-// One chroma sample of the target, and the luma of its pixels, by plain integers.
-template <class Source, class Target>
-void relayoutPixels(const Source& source, const Target& target, ptrdiff_t row, ptrdiff_t x) {
-  constexpr Chroma kRule = chromaRule<Source, Target>();
-  const auto to = target.row(row);
-  for (int k = 0; k < Target::kDown; ++k) {
-    for (int i = 0; i < Target::kAcross; ++i) {
-      const ptrdiff_t y = row * Target::kDown + k;
-      to.setLuma(k, x + i, source.row(y / Source::kDown).loadPixel(static_cast<int>(y % Source::kDown), x + i)[0]);
-    }
   }
-  ptrdiff_t fromX = x, fromY = row * Target::kDown;
-  if constexpr (kRule == Chroma::Weave) fromY += x / 2 % 2;
-  if constexpr (kRule == Chroma::Unravel) fromX += row % 2 * 2;
-  const auto pixel = source.row(fromY / Source::kDown).loadPixel(0, fromX);
-  to.setChroma(x, {pixel[1], pixel[2]});
-}
 
-template <class Source, class Target>
-LANE_OP void relayoutRows(const Source& source, const Target& target, ptrdiff_t group, ptrdiff_t width) {
-  constexpr int kRows = Source::kDown > Target::kDown ? Source::kDown : Target::kDown;
-  if constexpr (kLanes == 0) {
-    for (int i = 0; i < kRows / Target::kDown; ++i) {
-      for (ptrdiff_t x = 0; x < width; x += Target::kAcross) {
-        relayoutPixels(source, target, group * kRows / Target::kDown + i, x);
+  template <int Row, int Half, int L>
+  LANE_OP static ChromaSamples<L> written(const ChromaSamples<L> (&read)[kReads][kIn]) {
+    auto both = [](auto f) __attribute__((always_inline)) {
+      return ChromaSamples<L>{f(&ChromaSamples<L>::cb), f(&ChromaSamples<L>::cr)};
+    };
+    return both([&](U8<L> ChromaSamples<L>::*c) __attribute__((always_inline)) {
+      if constexpr (kIn == 2) {
+        const auto a = read[0][0].*c, b = read[0][1].*c;
+        return Row == 0 ? evenOf(a, b) : oddOf(a, b);
+      } else if constexpr (kOut == 2) {
+        const auto a = read[0][0].*c, b = read[kReads - 1][0].*c;
+        return Half == 0 ? interleaveLow<1>(a, b) : interleaveHigh<1>(a, b);
+      } else {
+        return read[0][0].*c;
+      }
+    });
+  }
+
+  // One chroma sample of the coarser side, by plain integers.
+  void sample(ptrdiff_t group, ptrdiff_t i) const {
+    if constexpr (!kSourcePlanes || !kTargetPlanes) {
+      constexpr int kAcross = Source::kAcross > Target::kAcross ? Source::kAcross : Target::kAcross;
+      for (ptrdiff_t y = group * kRows; y < (group + 1) * kRows; ++y) {
+        for (ptrdiff_t x = i * kAcross; x < (i + 1) * kAcross; ++x) setLuma(target, y, x, lumaAt(source, y, x));
       }
     }
-  } else {
-    constexpr int L = kRows > 0 ? kLanes : 1;
-    ptrdiff_t x = 0;
-    for (; x + 16 * L <= width; x += 16 * L) {
-      relayoutVector<Source, Target, L>(
-          source, target, group, [&](auto row) __attribute__((always_inline)) { return row.template load<L>(x); },
-          [&](auto row, const auto& luma, auto chroma)
-              __attribute__((always_inline)) { row.template store<!kLumaPlanes<Source, Target>>(x, luma, chroma); });
-    }
-    if (x < width) {
-      const ptrdiff_t pixels = width - x;
-      relayoutVector<Source, Target, L>(
-          source, target,
-          group, [&](auto row) __attribute__((always_inline)) { return row.template loadSome<L>(x, pixels); },
-          [&](auto row, const auto& luma, auto chroma) __attribute__((always_inline)) {
-            row.template storeSome<!kLumaPlanes<Source, Target>>(x, pixels, luma, chroma);
-          });
+    for (int row = 0; row < kWrites; ++row) {
+      for (int half = 0; half < kOut; ++half) {
+        const ptrdiff_t from = group * kReads + (kRule == Chroma::Weave ? half : 0);
+        const ptrdiff_t at = kIn * i + (kRule == Chroma::Unravel ? row : 0);
+        setChroma(target, group * kWrites + row, kOut * i + half, chromaAt(source, from, at));
+      }
     }
   }
-}
+
+  // A row shorter than a lane, by itself: there are many such loads and stores.
+  template <int L>
+  [[gnu::noinline]] static void shortRow(const Relayout both, ptrdiff_t group, ptrdiff_t samples) {
+    both.template vector<L>(group, 0, samples);
+  }
+
+  template <int L>
+  LANE_OP static void row(const Relayout& both, ptrdiff_t group, ptrdiff_t samples, auto whole) {
+    if (samples < 16) return shortRow<1>(both, group, samples);
+    ptrdiff_t i = 0;
+    for (; i + 16 * L <= samples; i += 16 * L) both.template vector<L>(group, i, whole);
+    if (L > 1 && i + 16 <= samples) {
+      both.template vector<1>(group, i, Whole{});
+      i += 16;
+    }
+    // The last lane may write some bytes a second time, the same ones.
+    if (i < samples) both.template vector<1>(group, samples - 16, Whole{});
+  }
+
+  static void rows(const Relayout both, ptrdiff_t groups, ptrdiff_t samples, auto whole) {
+    for (ptrdiff_t group = 0; group < groups; ++group) {
+      if constexpr (kLanes > 0) {
+        row<(kRows > 0 ? kLanes : 1)>(both, group, samples, whole);  // dependent, so that no lanes are made for none
+      } else {
+        for (ptrdiff_t i = 0; i < samples; ++i) both.sample(group, i);
+      }
+    }
+  }
+};
 
 }  // namespace detail
 
 // The size is one of whole groups of both sides.
 template <class Source, class Target>
 TolkStatus relayout(TolkSize roi, Source source, Target target) {
-  constexpr int kRows = Source::kDown > Target::kDown ? Source::kDown : Target::kDown;
-  if constexpr (detail::kLumaPlanes<Source, Target>) {
-    detail::copyPlane(source.plane[0], source.step[0], target.plane[0], target.step[0], roi.width, roi.height);
+  using Both = detail::Relayout<Source, Target>;
+  constexpr int kAcross = Source::kAcross > Target::kAcross ? Source::kAcross : Target::kAcross;
+  if constexpr (Both::kSourcePlanes && Both::kTargetPlanes) {
+    copyPlane(lumaPlane(source), lumaTarget(target), roi.width, roi.height);
   }
-  for (ptrdiff_t group = 0; group < roi.height / kRows; ++group) {
-    detail::relayoutRows(source, target, group, roi.width);
+  const ptrdiff_t groups = roi.height / Both::kRows, samples = roi.width / kAcross;
+  if (streams(ptrdiff_t{roi.width} * roi.height, alignmentBits(target))) {
+    Both::rows({source, target}, groups, samples, Streamed{});
+    storeFence();
+  } else {
+    Both::rows({source, target}, groups, samples, Whole{});
   }
   return tolkStatusOk;
 }

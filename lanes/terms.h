@@ -294,4 +294,8 @@ LANE_OP ByteResult<L> asByte(Reg<T, L> a) {
 constexpr int asByte(int a) { return a; }
 constexpr Range asByte(Range a) { return a.require(a.within(0, 255)); }
 
+// Half of a sum, rounded up and down, as of lanes.
+constexpr int average(int u, int v) { return (u + v + 1) >> 1; }
+constexpr int mean(int u, int v) { return (u + v) >> 1; }
+
 }  // namespace tolk

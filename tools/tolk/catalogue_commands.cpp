@@ -72,6 +72,7 @@ void showFunction(const std::string& name) {
     printItem(title, std::string(parameter.type) + " " + std::string(parameter.name));
     title = "";
   }
+  if (function.has("stripe")) printItem("", "(stripe is 21 in tolk run: the file is a whole picture)");
   printSide(function.inPlace ? "in place" : "source", function.src);
   if (!function.inPlace) printSide("destination", function.dst);
   std::cout << '\n' << function.family << "\n\n";

@@ -20,6 +20,15 @@ struct RunOptions {
 };
 void runFunction(const RunOptions& options);
 
+struct ConvertOptions {
+  std::string in, out;
+  std::string from, to;               // names of formats, or empty where the files tell
+  std::optional<std::string> matrix;  // 601 where there is a choice
+  std::string size;
+  std::optional<int> alpha;
+};
+void convertPicture(const ConvertOptions& options);
+
 void makePanel(const std::string& out, const std::vector<std::string>& images, int gap);
 void comparePictures(const std::string& first, const std::string& second);
 

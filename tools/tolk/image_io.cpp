@@ -2,8 +2,6 @@
 #include "image_io.h"
 
 #include <algorithm>
-#include <cctype>
-#include <filesystem>
 #include <stdexcept>
 #include <string_view>
 
@@ -23,9 +21,7 @@ constexpr Format kFormats[] = {
 };
 
 const Format* formatOf(const std::string& path) {
-  std::string extension = std::filesystem::path(path).extension().string();
-  std::transform(extension.begin(), extension.end(), extension.begin(),
-                 [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+  const std::string extension = extensionOf(path);
   auto found = std::find_if(std::begin(kFormats), std::end(kFormats),
                             [&](const Format& format) { return format.extension == extension; });
   return found == std::end(kFormats) ? nullptr : found;

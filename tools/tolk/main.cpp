@@ -5,13 +5,15 @@
 #include <new>
 
 #include "commands.h"
+#include "formats.h"
 
 namespace {
 
 constexpr char kRunText[] = R"(
-RGB, BGR and gray sides take image files (png, jpg, ppm, pgm, pnm), by the file's extension. Every
-other name is raw bytes: the planes of the side one after another without padding. A raw IN needs
---size. The name - is raw standard input or output.
+RGB, BGR and gray sides take image files (png, jpg, ppm, pgm, pnm), by the file's extension, and
+planes of YCbCr in 4:2:0, 4:2:2, 4:1:1 and 4:4:4 video files (y4m), of which the first frame is read.
+Every other name is raw bytes: the planes of the side one after another without padding. A raw IN
+needs --size. The name - is raw standard input or output.
 
 Channels are swapped or split as the side wants them. A gray picture goes into all three channels,
 a missing alpha is opaque, a superfluous one is dropped. The destination starts as zero, for
@@ -20,6 +22,30 @@ subsampling.
 
 Exit status: 0 also for a warning (a positive status: the result is written), unless --strict; not 0
 for an error, and then OUT is as it was.)";
+
+constexpr char kConvertText[] = R"(
+  tolk convert photo.png photo.nv12
+  tolk convert photo.nv12 photo.png --size 640x480
+  tolk convert camera.raw video.y4m --from yuyv --to i420 --size 640x480
+
+Image files (png, jpg, ppm, pgm, pnm) hold rgb24, or rgba or gray10 where --to says so. A .y4m file
+holds i420, i422, i411 or ycbcr444p; its first frame is read. Every other name is raw bytes, in the
+format that its extension names or the option does; - is raw standard input or output. A raw IN needs
+--size.
+
+One function is called or, where none leads from the one format to the other, two; standard error
+tells which. Those that filter, resample within fields or apply a gamma curve are left to tolk run.
+
+The YCbCr formats have studio range, with the matrix hdtv full range. The -fullscale formats are YUV
+with U and V at 0.492 and 0.877 of a difference, other than YCbCr of full range.
+
+An odd size is completed to whole chroma groups by repeating the last column and row, and cut again.
+In raw files rows of packed 4:2:2 have whole pairs, and rows of v210 are as long as for a multiple of
+48 pixels. tolk run calls a function on the size as it is.
+
+Formats: i420 and the like, and names with a p at the end, are three planes; nv12 and the like are a
+plane of luma and one of chroma pairs. Cb comes before Cr except in yv12, yv16, yvyu and nv21. i1620 has
+one chroma pair for 4 by 4 pixels. The first letter of rgb565 and bgr565 has the lowest bits.)";
 
 void addCatalogueCommands(CLI::App& app, std::string& name) {
   auto* list = app.add_subcommand("list", "List functions with layouts and sample types");
@@ -45,6 +71,22 @@ void addRunCommand(CLI::App& app, tolk::RunOptions& options) {
   run->callback([&] { tolk::runFunction(options); });
 }
 
+void addConvertCommand(CLI::App& app, tolk::ConvertOptions& options) {
+  auto* convert = app.add_subcommand("convert", "Convert a file to another format with the functions that fit");
+  convert->footer(kConvertText + tolk::formatTable());
+  convert->add_option("IN", options.in, "an image file, a .y4m file or raw bytes")->required()->type_name("");
+  convert->add_option("OUT", options.out, "likewise")->required()->type_name("");
+  convert->add_option("--from", options.from, "of IN, where the file or its name does not tell")->type_name("FORMAT");
+  convert->add_option("--to", options.to, "of OUT, likewise")->type_name("FORMAT");
+  convert->add_option("--matrix", options.matrix, "601 (the default) or 709 of ITU-R, or 709 with luma at full scale")
+      ->check(CLI::IsMember({"601", "709", "hdtv"}))
+      ->type_name("MATRIX");
+  convert->add_option("--size", options.size, "in pixels; for an image or .y4m file it is only checked")
+      ->type_name("WIDTHxHEIGHT");
+  convert->add_option("--alpha", options.alpha, "of OUT in rgba and bgra (default 255)")->check(CLI::Range(0, 255));
+  convert->callback([&] { tolk::convertPicture(options); });
+}
+
 struct PictureOptions {
   std::string first, second;
   std::vector<std::string> images;
@@ -68,9 +110,11 @@ int parse(int count, char** words) {
   app.require_subcommand(1);
   std::string name;
   tolk::RunOptions runOptions;
+  tolk::ConvertOptions convertOptions;
   PictureOptions pictureOptions;
   addCatalogueCommands(app, name);
   addRunCommand(app, runOptions);
+  addConvertCommand(app, convertOptions);
   addPictureCommands(app, pictureOptions);
   CLI11_PARSE(app, count, words);
   if (!std::cout.flush()) throw std::runtime_error("cannot write standard output");

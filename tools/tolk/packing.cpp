@@ -35,6 +35,8 @@ Channel channelOf(RawImage& raw, int index) {
           static_cast<size_t>(raw.shapes[0].channels) * sample};
 }
 
+bool isFourBytes(std::string_view layout) { return layout == "C4" || layout == "AC4"; }
+
 void requireFits(const Image& image, const SideInfo& info) {
   if (image.colours() == 3 && imageChannels(info) == 1) {
     throw std::runtime_error("a colour image, but the function takes " + label(info));
@@ -69,24 +71,74 @@ int64_t rawBytes(const SideInfo& info, TolkSize size) {
   return sum;
 }
 
+RawImage resized(RawImage from, TolkSize size) {
+  if (from.size.width == size.width && from.size.height == size.height) return from;
+  RawImage to(from.info, size);
+  const Side source = from.side(), target = to.side();
+  for (size_t i = 0; i < to.shapes.size(); ++i) {
+    const PlaneShape &old = from.shapes[i], &now = to.shapes[i];
+    const int64_t pair = from.info.layout == "C2" ? 2 : 1;  // the last pair of packed 4:2:2 is repeated as a whole
+    const int64_t unit = pair * now.channels * sampleBits(from.info.sample) / 8;
+    const int64_t kept = std::min(old.rowBytes, now.rowBytes);
+    for (int64_t y = 0; y < now.rows; ++y) {
+      auto* row = static_cast<uint8_t*>(target.plane[i]) + y * now.rowBytes;
+      std::copy_n(static_cast<uint8_t*>(source.plane[i]) + std::min(y, old.rows - 1) * old.rowBytes, kept, row);
+      for (int64_t at = kept; at < now.rowBytes; ++at) row[at] = row[at - unit];
+    }
+  }
+  return to;
+}
+
 std::string label(const SideInfo& info) {
   return std::string(info.space) + " " + std::string(info.layout) + " " + std::string(info.sample);
 }
 
+bool holdsPixels(const SideInfo& side) { return (side.space == "RGB" || side.space == "BGR") && side.sample == "8u"; }
+
+std::optional<SideInfo> exchangedChroma(SideInfo side) {
+  static constexpr std::string_view kSpaces[][2] = {{"YCbCr422", "YCrCb422"}, {"YCbCr420", "YCrCb420"}};
+  for (const auto& [one, other] : kSpaces) {
+    if (side.space != one && side.space != other) continue;
+    side.space = side.space == one ? other : one;
+    return side;
+  }
+  return std::nullopt;
+}
+
+std::optional<int> repackingCost(const SideInfo& from, const SideInfo& to) {
+  const bool fourth = isFourBytes(from.layout), same = from.layout == to.layout || (fourth && isFourBytes(to.layout));
+  if (from.sample == to.sample && from.space == to.space && same) return 0;
+  if (holdsPixels(from) && holdsPixels(to)) return fourth == isFourBytes(to.layout) ? 1 : 2;
+  const auto exchanged = exchangedChroma(from);
+  const bool swaps = exchanged && exchanged->space == to.space && from.layout == "P3" && to.layout == "P3";
+  return swaps ? std::optional(1) : std::nullopt;
+}
+
+RawImage repacked(RawImage from, const SideInfo& to, uint8_t alpha) {
+  if (label(from.info) == label(to)) return from;
+  if (holdsPixels(to)) return fromImage(toImage(from), to, alpha);
+  from.info = to;
+  const Side planes = from.side();
+  auto* first = static_cast<uint8_t*>(planes.plane[1]);
+  std::swap_ranges(first, first + from.shapes[1].rowBytes * from.shapes[1].rows,
+                   static_cast<uint8_t*>(planes.plane[2]));
+  return from;
+}
+
 bool servesImages(const SideInfo& info) {
-  return (info.space == "RGB" || info.space == "BGR" || info.space == "Gray") &&
+  return (info.space == "RGB" || info.space == "BGR" || info.space == "Gray" || info.space == "Gray10") &&
          (info.sample == "8u" || info.sample == "16u");
 }
 
 int imageChannels(const SideInfo& info) { return info.layout.back() - '0'; }
 
-RawImage fromImage(Image image, const SideInfo& info) {
+RawImage fromImage(Image image, const SideInfo& info, uint8_t alpha) {
   requireFits(image, info);
   RawImage raw(info, {image.width, image.height});
-  Bytes opaque(image.sampleBytes(), 0xFF);
+  Bytes missing(image.sampleBytes(), alpha);
   for (int c = 0; c < imageChannels(info); ++c) {
     Channel from = channelOf(image, image.colours() == 1 ? 0 : c);
-    if (c == 3) from = image.hasAlpha() ? channelOf(image, image.channels - 1) : Channel{opaque.data(), 0};
+    if (c == 3) from = image.hasAlpha() ? channelOf(image, image.channels - 1) : Channel{missing.data(), 0};
     copyChannel(channelOf(raw, c), from, image.pixels(), image.sampleBytes());
   }
   return raw;
@@ -97,6 +149,12 @@ Image toImage(RawImage& raw) {
   image.allocate();
   for (int c = 0; c < image.channels; ++c) {
     copyChannel(channelOf(image, c), channelOf(raw, c), image.pixels(), image.sampleBytes());
+  }
+  for (size_t at = 0; raw.info.space == "Gray10" && at < image.samples.size(); at += 2) {
+    uint16_t sample;
+    std::memcpy(&sample, &image.samples[at], 2);
+    sample = static_cast<uint16_t>(sample << 6 | sample >> 4);
+    std::memcpy(&image.samples[at], &sample, 2);
   }
   return image;
 }

@@ -1,0 +1,108 @@
+// OpenCV's cvtColor on one thread.
+#include <algorithm>
+#include <cstring>
+#include <memory>
+#include <opencv2/core.hpp>
+#include <opencv2/imgproc.hpp>
+#include <string_view>
+#include <utility>
+
+#include "peers.h"
+
+namespace {
+
+struct Entry {
+  std::string_view from, to;
+  int code;
+};
+constexpr Entry kEntries[] = {
+    {"RGB C3", "YCbCr C3", cv::COLOR_RGB2YUV},
+    {"YCbCr C3", "RGB C3", cv::COLOR_YUV2RGB},
+    {"RGB C3", "YUV C3", cv::COLOR_RGB2YUV},
+    {"YUV C3", "RGB C3", cv::COLOR_YUV2RGB},
+    {"BGR C3", "YUV C3", cv::COLOR_BGR2YUV},
+    {"YUV C3", "BGR C3", cv::COLOR_YUV2BGR},
+    {"RGB C3", "YCbCr420 P3", cv::COLOR_RGB2YUV_I420},
+    {"BGR C3", "YCbCr420 P3", cv::COLOR_BGR2YUV_I420},
+    {"RGB C4", "YCbCr420 P3", cv::COLOR_RGBA2YUV_I420},
+    {"BGR C4", "YCbCr420 P3", cv::COLOR_BGRA2YUV_I420},
+    {"YCbCr420 P3", "RGB C3", cv::COLOR_YUV2RGB_I420},
+    {"YCbCr420 P3", "BGR C3", cv::COLOR_YUV2BGR_I420},
+    {"YCbCr420 P3", "RGB C4", cv::COLOR_YUV2RGBA_I420},
+    {"YCbCr420 P3", "BGR C4", cv::COLOR_YUV2BGRA_I420},
+    {"YCbCr420 P2", "RGB C3", cv::COLOR_YUV2RGB_NV12},
+    {"YCbCr420 P2", "BGR C3", cv::COLOR_YUV2BGR_NV12},
+    {"YCbCr420 P2", "RGB C4", cv::COLOR_YUV2RGBA_NV12},
+    {"YCbCr420 P2", "BGR C4", cv::COLOR_YUV2BGRA_NV12},
+    {"YCrCb420 P2", "RGB C3", cv::COLOR_YUV2RGB_NV21},
+    {"YCrCb420 P2", "BGR C3", cv::COLOR_YUV2BGR_NV21},
+    {"YCrCb420 P2", "RGB C4", cv::COLOR_YUV2RGBA_NV21},
+    {"YCrCb420 P2", "BGR C4", cv::COLOR_YUV2BGRA_NV21},
+    {"YCbCr422 C2", "RGB C3", cv::COLOR_YUV2RGB_YUY2},
+    {"YCbCr422 C2", "BGR C3", cv::COLOR_YUV2BGR_YUY2},
+    {"YCbCr422 C2", "RGB C4", cv::COLOR_YUV2RGBA_YUY2},
+    {"YCbCr422 C2", "BGR C4", cv::COLOR_YUV2BGRA_YUY2},
+    {"YCrCb422 C2", "RGB C3", cv::COLOR_YUV2RGB_YVYU},
+    {"YCrCb422 C2", "BGR C3", cv::COLOR_YUV2BGR_YVYU},
+    {"YCrCb422 C2", "RGB C4", cv::COLOR_YUV2RGBA_YVYU},
+    {"YCrCb422 C2", "BGR C4", cv::COLOR_YUV2BGRA_YVYU},
+    {"CbYCr422 C2", "RGB C3", cv::COLOR_YUV2RGB_UYVY},
+    {"CbYCr422 C2", "BGR C3", cv::COLOR_YUV2BGR_UYVY},
+    {"CbYCr422 C2", "RGB C4", cv::COLOR_YUV2RGBA_UYVY},
+    {"CbYCr422 C2", "BGR C4", cv::COLOR_YUV2BGRA_UYVY},
+};
+
+cv::Mat packed(const tolk::Side& side, size_t plane, int channels, int width, int height) {
+  return cv::Mat(height, width, CV_8UC(channels), side.plane[plane], static_cast<size_t>(side.step[plane]));
+}
+
+// The three planes lie one behind the other in OpenCV's image: copies them from or to the call's, once.
+template <bool fromImage>
+void copyPlanes(cv::Mat& image, const tolk::Side& side, TolkSize roi) {
+  uint8_t* at = image.data;
+  for (size_t plane = 0; plane < 3; ++plane) {
+    const int width = plane ? roi.width / 2 : roi.width, height = plane ? roi.height / 2 : roi.height;
+    for (int y = 0; y < height; ++y, at += width) {
+      uint8_t* row = static_cast<uint8_t*>(side.plane[plane]) + y * side.step[plane];
+      std::memcpy(fromImage ? row : at, fromImage ? at : row, static_cast<size_t>(width));
+    }
+  }
+}
+
+Conversion find(const std::string& from, const std::string& to, TolkSize roi) {
+  const auto entry = std::find_if(std::begin(kEntries), std::end(kEntries),
+                                  [&](const Entry& e) { return e.from == from && e.to == to; });
+  if (entry == std::end(kEntries)) return nullptr;
+  const int code = entry->code, src = from.back() - '0', dst = to.back() - '0', w = roi.width, h = roi.height;
+  if (from.ends_with("P2")) {
+    return [=](const tolk::Call& call) {
+      cv::Mat target = packed(call.dst, 0, dst, w, h);
+      cv::cvtColorTwoPlane(packed(call.src, 0, 1, w, h), packed(call.src, 1, 2, w / 2, h / 2), target, code);
+    };
+  }
+  if (!from.ends_with("P3") && !to.ends_with("P3")) {
+    return [=](const tolk::Call& call) {
+      cv::Mat target = packed(call.dst, 0, dst, w, h);
+      cv::cvtColor(packed(call.src, 0, src, w, h), target, code);
+    };
+  }
+  auto image = std::make_shared<cv::Mat>(h * 3 / 2, w, CV_8UC1);
+  if (from.ends_with("P3")) {
+    return [=, first = true](const tolk::Call& call) mutable {
+      if (std::exchange(first, false)) copyPlanes<false>(*image, call.src, roi);
+      cv::Mat target = packed(call.dst, 0, dst, w, h);
+      cv::cvtColor(*image, target, code);
+    };
+  }
+  return [=, first = true](const tolk::Call& call) mutable {
+    cv::cvtColor(packed(call.src, 0, src, w, h), *image, code);
+    if (std::exchange(first, false)) copyPlanes<true>(*image, call.dst, roi);
+  };
+}
+
+}  // namespace
+
+std::vector<Peer> opencvPeers() {
+  cv::setNumThreads(1);
+  return {{"opencv", cv::getVersionString(), find}};
+}

@@ -1,0 +1,51 @@
+// One call of the library between two images in memory.
+#include "call.h"
+
+#include <algorithm>
+#include <chrono>
+#include <iostream>
+#include <limits>
+#include <stdexcept>
+
+#include "status.h"
+
+namespace tolk {
+
+namespace {
+
+void requireSteps(const Function& function, const RawImage& image) {
+  if (function.name.ends_with("_L")) return;
+  for (const PlaneShape& shape : image.shapes) {
+    if (shape.rowBytes > std::numeric_limits<int32_t>::max()) {
+      throw std::runtime_error("a row of " + std::to_string(shape.rowBytes) + " bytes is too long for a 32-bit step");
+    }
+  }
+}
+
+void report(const Function& function, TolkStatus status, bool strict) {
+  const std::string message = std::string(function.name) + " returned " + describe(status);
+  if (status < 0 || strict) throw std::runtime_error(message + "; nothing is written");
+  std::cerr << "tolk: " << message << "; the result is written\n";
+}
+
+}  // namespace
+
+double callFunction(const Function& function, RawImage& src, RawImage& dst, uint8_t alpha, int times, bool strict) {
+  requireSteps(function, src);
+  requireSteps(function, dst);
+  const Call call = {src.side(), dst.side(), src.size, alpha};
+  std::vector<double> seconds;
+  TolkStatus status = tolkStatusOk;
+  for (int i = 0; i < times && status >= 0; ++i) {
+    if (function.inPlace) std::copy(src.bytes.begin(), src.bytes.end(), dst.bytes.begin());
+    const auto start = std::chrono::steady_clock::now();
+    status = function.invoke(function.linked, call);
+    seconds.push_back(std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count());
+  }
+  if (status != tolkStatusOk) report(function, status, strict);
+  const auto middle = seconds.begin() + static_cast<std::ptrdiff_t>(seconds.size() / 2);
+  std::nth_element(seconds.begin(), middle, seconds.end());
+  return *middle;
+}
+
+}  // namespace tolk
