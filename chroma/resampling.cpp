@@ -112,7 +112,9 @@ void halveRow(const uint8_t* row, const uint8_t* below, uint8_t* to, ptrdiff_t w
 template <class Convert>
 TolkStatus resample(const uint8_t* const* src, const int32_t* srcStep, uint8_t* const* dst, const int32_t* dstStep,
                     TolkSize roi, Convert convert) {
-  copyPlane({src[0], srcStep[0]}, {dst[0], dstStep[0]}, roi.width, roi.height);
+  const Plane<uint8_t> luma{dst[0], dstStep[0]};
+  const bool stream = streams(ptrdiff_t{roi.width} * roi.height, luma.alignmentBits());
+  copyPlane({src[0], srcStep[0]}, luma, roi.width, roi.height, stream);
   for (int c = 1; c < 3; ++c) {
     convert([=](ptrdiff_t y) { return src[c] + y * srcStep[c]; }, [=](ptrdiff_t y) { return dst[c] + y * dstStep[c]; });
   }

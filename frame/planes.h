@@ -44,10 +44,10 @@ inline void streamRow(const uint8_t* from, uint8_t* to, ptrdiff_t bytes) {
 }
 }  // namespace detail
 
-// Rows of bytes; as one run where they stand without slack on both sides.
-inline void copyPlane(Plane<const uint8_t> from, Plane<uint8_t> to, ptrdiff_t width, ptrdiff_t height) {
+// Rows of bytes, streamed or not; as one run where they stand without slack on both sides.
+inline void copyPlane(Plane<const uint8_t> from, Plane<uint8_t> to, ptrdiff_t width, ptrdiff_t height, bool stream) {
   if constexpr (kLanes > 0) {
-    if (streams(width * std::max<ptrdiff_t>(height, 0), to.alignmentBits())) {
+    if (stream) {
       for (ptrdiff_t y = 0; y < height; ++y) detail::streamRow(from.row(y), to.row(y), width);
       return storeFence();
     }

@@ -27,13 +27,16 @@ struct Relayout {
   static constexpr bool kSourcePlanes = HasLumaPlane<Source>, kTargetPlanes = HasLumaPlane<Target>;
   static constexpr Chroma kRule = chromaRule<Source, Target>();
   // Luma rows of a step; source and target rows of chroma; samples read and written for each one of the coarser side.
-  static constexpr int kRows = Source::kDown > Target::kDown ? Source::kDown : Target::kDown;
-  static constexpr int kReads = kRows / Source::kDown, kWrites = kRows / Target::kDown;
+  // Rows that repeat chroma are written one by one: memory takes them faster than two at once.
+  static constexpr int kRows = kRule == Chroma::Unravel ? Source::kDown : Target::kDown;
+  static constexpr int kReads = kRows > Source::kDown ? kRows / Source::kDown : 1, kWrites = kRows / Target::kDown;
   static constexpr int kIn = kRule == Chroma::Halve || kRule == Chroma::Unravel ? 2 : 1;
   static constexpr int kOut = kRule == Chroma::Double || kRule == Chroma::Weave ? 2 : 1;
 
   Source source;
   Target target;
+
+  static ptrdiff_t chromaRow(ptrdiff_t group) { return group * kRows / Source::kDown; }
 
   // Sixteen samples a lane of the coarser side from sample i on, of which n are left.
   template <int L>
@@ -42,17 +45,15 @@ struct Relayout {
     if constexpr (kSourcePlanes) {
       unrolled<kRule == Chroma::Weave ? 2 : 1>([&](auto row) __attribute__((always_inline)) {
         unrolled<kIn>([&](auto h) __attribute__((always_inline)) {
-          read[row][h] = readChroma<16 * kIn, L>(source, group * kReads + row, kIn * i + 16 * h, n * kIn - 16 * h);
+          read[row][h] = readChroma<16 * kIn, L>(source, chromaRow(group) + row, kIn * i + 16 * h, n * kIn - 16 * h);
         });
       });
     } else {
-      unrolled<kRows * kIn>([&](auto k) __attribute__((always_inline)) {
-        constexpr int kRow = k / kIn, kHalf = k % kIn;
-        const ptrdiff_t y = group * kRows + kRow, at = kIn * i + 16 * kHalf;
-        const auto left = n * kIn - 16 * kHalf;
-        const PairSamples<L> pairs = readPairs<16 * kIn, L>(source, y, at, left);
-        if constexpr (kRow == 0) read[0][kHalf] = pairs.chroma;
-        writeLuma<16 * kIn>(target, y, at, left, pairs.luma);
+      unrolled<kIn>([&](auto h) __attribute__((always_inline)) {
+        const ptrdiff_t y = group * kRows, at = kIn * i + 16 * h;
+        const PairSamples<L> pairs = readPairs<16 * kIn, L>(source, y, at, n * kIn - 16 * h);
+        read[0][h] = pairs.chroma;
+        writeLuma<16 * kIn>(target, y, at, n * kIn - 16 * h, pairs.luma);
       });
     }
     unrolled<kWrites * kOut>([&](auto k) __attribute__((always_inline)) {
@@ -96,30 +97,52 @@ struct Relayout {
     }
     for (int row = 0; row < kWrites; ++row) {
       for (int half = 0; half < kOut; ++half) {
-        const ptrdiff_t from = group * kReads + (kRule == Chroma::Weave ? half : 0);
+        const ptrdiff_t from = chromaRow(group) + (kRule == Chroma::Weave ? half : 0);
         const ptrdiff_t at = kIn * i + (kRule == Chroma::Unravel ? row : 0);
         setChroma(target, group * kWrites + row, kOut * i + half, chromaAt(source, from, at));
       }
     }
   }
 
+  // Packed rows whose luma alone is read, one by one for the same reason.
+  static constexpr int kRowsApart = kSourcePlanes ? 0 : kRows - 1;
+  template <int L>
+  LANE_OP void luma(ptrdiff_t y, ptrdiff_t i, auto n) const {
+    writeLuma<16>(target, y, i, n, readPairs<16, L>(source, y, i, n).luma);
+  }
+
   // A row shorter than a lane, by itself: there are many such loads and stores.
   template <int L>
   [[gnu::noinline]] static void shortRow(const Relayout both, ptrdiff_t group, ptrdiff_t samples) {
     both.template vector<L>(group, 0, samples);
+    unrolled<kRowsApart>([&](auto k) { both.template luma<L>(group * kRows + k + 1, 0, samples); });
+  }
+
+  // f<lanes>(i, extent) for all samples of a row. The last lane may write some bytes a second time, the same ones.
+  template <int L>
+  LANE_OP static void eachVector(ptrdiff_t samples, auto whole, auto f) {
+    ptrdiff_t i = 0;
+    for (; i + 16 * L <= samples; i += 16 * L) f.template operator()<L>(i, whole);
+    if (L > 1 && i + 16 <= samples) {
+      f.template operator()<1>(i, Whole{});
+      i += 16;
+    }
+    if (i < samples) f.template operator()<1>(samples - 16, Whole{});
   }
 
   template <int L>
   LANE_OP static void row(const Relayout& both, ptrdiff_t group, ptrdiff_t samples, auto whole) {
     if (samples < 16) return shortRow<1>(both, group, samples);
-    ptrdiff_t i = 0;
-    for (; i + 16 * L <= samples; i += 16 * L) both.template vector<L>(group, i, whole);
-    if (L > 1 && i + 16 <= samples) {
-      both.template vector<1>(group, i, Whole{});
-      i += 16;
-    }
-    // The last lane may write some bytes a second time, the same ones.
-    if (i < samples) both.template vector<1>(group, samples - 16, Whole{});
+    eachVector<L>(
+        samples, whole, [&]<int M>(ptrdiff_t i, auto n) __attribute__((always_inline)) {
+          both.template vector<M>(group, i, n);
+        });
+    unrolled<kRowsApart>([&](auto k) __attribute__((always_inline)) {
+      eachVector<L>(
+          samples, whole, [&]<int M>(ptrdiff_t i, auto n) __attribute__((always_inline)) {
+            both.template luma<M>(group * kRows + k + 1, i, n);
+          });
+    });
   }
 
   static void rows(const Relayout both, ptrdiff_t groups, ptrdiff_t samples, auto whole) {
@@ -140,11 +163,12 @@ template <class Source, class Target>
 TolkStatus relayout(TolkSize roi, Source source, Target target) {
   using Both = detail::Relayout<Source, Target>;
   constexpr int kAcross = Source::kAcross > Target::kAcross ? Source::kAcross : Target::kAcross;
+  const bool stream = streams(ptrdiff_t{roi.width} * roi.height, alignmentBits(target));
   if constexpr (Both::kSourcePlanes && Both::kTargetPlanes) {
-    copyPlane(lumaPlane(source), lumaTarget(target), roi.width, roi.height);
+    copyPlane(lumaPlane(source), lumaTarget(target), roi.width, roi.height, stream);
   }
   const ptrdiff_t groups = roi.height / Both::kRows, samples = roi.width / kAcross;
-  if (streams(ptrdiff_t{roi.width} * roi.height, alignmentBits(target))) {
+  if (stream) {
     Both::rows({source, target}, groups, samples, Streamed{});
     storeFence();
   } else {
