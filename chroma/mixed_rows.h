@@ -24,6 +24,13 @@ MixedRows<Down, Shift, Image, Mix> mixedRows(const Image& image, Mix mix) {
   return {image, mix};
 }
 
+template <int Down, int Shift, class Image, class Mix>
+auto atRow(const MixedRows<Down, Shift, Image, Mix>& source, ptrdiff_t row) {
+  const Image& image = source;
+  return mixedRows<Down, Shift>(
+      image, [taps = source.mix(row)](ptrdiff_t) -> const auto& { return taps; });
+}
+
 namespace detail {
 // Sums of the products of two bytes each with the two weights.
 template <int L>
@@ -36,7 +43,7 @@ LANE_OP std::array<I16<L>, 2> weighted(U8<L> a, U8<L> b, int weightA, int weight
 template <int Stride, int L, int Down, int Shift, class Image, class Mix>
 LANE_OP ChromaSamples<L> readChroma(const MixedRows<Down, Shift, Image, Mix>& source, ptrdiff_t row, ptrdiff_t i,
                                     auto n) {
-  const auto taps = source.mix(row);
+  const auto& taps = source.mix(row);
   const Image& image = source;
   constexpr int kTaps = sizeof taps.weight / sizeof(int);
   ChromaSamples<L> read[kTaps];
@@ -69,7 +76,7 @@ int lumaAt(const MixedRows<Down, Shift, Image, Mix>& source, ptrdiff_t y, ptrdif
 }
 template <int Down, int Shift, class Image, class Mix>
 std::array<int, 2> chromaAt(const MixedRows<Down, Shift, Image, Mix>& source, ptrdiff_t row, ptrdiff_t i) {
-  const auto taps = source.mix(row);
+  const auto& taps = source.mix(row);
   int sums[2] = {1 << Shift >> 1, 1 << Shift >> 1};
   for (size_t k = 0; k < std::size(taps.row); ++k) {
     const auto pair = chromaAt<Image>(source, taps.row[k], i);

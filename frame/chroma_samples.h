@@ -68,14 +68,21 @@ LANE_OP PairSamples<L> readPairs(const PackedGroups<Y, Cb, Cr>& source, ptrdiff_
   const uint8_t* p = source.base + y * source.step + 4 * i;
   const auto [a, b] = detail::loadRun<4 * Stride, L>(p, n * 4);
   const auto [c, d] = detail::loadRun<4 * Stride, L>(p + 32, n * 4 - 32);
-  const LumaPairs<L> even = {evenOf(a, b), evenOf(c, d)}, odd = {oddOf(a, b), oddOf(c, d)};
-  const auto &luma = Y == 0 ? even : odd, &chroma = Y == 0 ? odd : even;
-  const U8<L> first = evenOf(chroma[0], chroma[1]), second = oddOf(chroma[0], chroma[1]);
-  return {luma, Cb < Cr ? ChromaSamples<L>{first, second} : ChromaSamples<L>{second, first}};
+  const auto places = everyLane<L>(PackedGroups<Y, Cb, Cr>::kSplit);
+  const U8<L> first = pick(a, places), second = pick(b, places), third = pick(c, places), fourth = pick(d, places);
+  const U8<L> low = interleaveHigh<8>(first, second), high = interleaveHigh<8>(third, fourth);
+  return {{interleaveLow<8>(first, second), interleaveLow<8>(third, fourth)},
+          {evenQuads(low, high), oddQuads(low, high)}};
 }
 template <int Stride, int L, int Y, int Cb, int Cr>
 LANE_OP ChromaSamples<L> readChroma(const PackedGroups<Y, Cb, Cr>& source, ptrdiff_t row, ptrdiff_t i, auto n) {
   return readPairs<Stride, L>(source, row, i, n).chroma;
+}
+
+// The source for one row of chroma, where something is to be made ready for it.
+template <class Source>
+const Source& atRow(const Source& source, ptrdiff_t) {
+  return source;
 }
 
 // ---- Destinations ----

@@ -148,7 +148,9 @@ struct Relayout {
   static void rows(const Relayout both, ptrdiff_t groups, ptrdiff_t samples, auto whole) {
     for (ptrdiff_t group = 0; group < groups; ++group) {
       if constexpr (kLanes > 0) {
-        row<(kRows > 0 ? kLanes : 1)>(both, group, samples, whole);  // dependent, so that no lanes are made for none
+        const auto source = atRow(both.source, chromaRow(group));
+        using AtRow = Relayout<std::remove_cv_t<decltype(source)>, Target>;
+        AtRow::template row<(kRows > 0 ? kLanes : 1)>({source, both.target}, group, samples, whole);
       } else {
         for (ptrdiff_t i = 0; i < samples; ++i) both.sample(group, i);
       }

@@ -279,6 +279,26 @@ LANE_OP U8<L> oddOf(U8<L> a, U8<L> b) {
   return narrow(oddBytes(a), oddBytes(b));
 }
 
+// The even (odd) 32-bit groups of two vectors, those of a first.
+template <int L>
+LANE_OP U8<L> evenQuads(U8<L> a, U8<L> b) {
+  if constexpr (L == 1) {
+    return U8<1>(_mm_castps_si128(_mm_shuffle_ps(_mm_castsi128_ps(a.bits()), _mm_castsi128_ps(b.bits()), 0x88)));
+  } else {
+    return U8<2>(
+        _mm256_castps_si256(_mm256_shuffle_ps(_mm256_castsi256_ps(a.bits()), _mm256_castsi256_ps(b.bits()), 0x88)));
+  }
+}
+template <int L>
+LANE_OP U8<L> oddQuads(U8<L> a, U8<L> b) {
+  if constexpr (L == 1) {
+    return U8<1>(_mm_castps_si128(_mm_shuffle_ps(_mm_castsi128_ps(a.bits()), _mm_castsi128_ps(b.bits()), 0xdd)));
+  } else {
+    return U8<2>(
+        _mm256_castps_si256(_mm256_shuffle_ps(_mm256_castsi256_ps(a.bits()), _mm256_castsi256_ps(b.bits()), 0xdd)));
+  }
+}
+
 #undef BY_WIDTH
 
 }  // namespace tolk
