@@ -14,6 +14,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <map>
+#include <set>
 #include <string>
 
 #include "catalogue.h"
@@ -164,6 +165,7 @@ class RatioReporter : public benchmark::BenchmarkReporter {
   void ReportRuns(const std::vector<Run>& runs) override {
     for (const Run& run : runs) {
       if (run.error_occurred) {
+        if (!refused_.insert(run.benchmark_name()).second) continue;
         std::printf("%s: %s\n", run.benchmark_name().c_str(), run.error_message.c_str());
         continue;
       }
@@ -225,6 +227,7 @@ class RatioReporter : public benchmark::BenchmarkReporter {
   }
 
   bool summary_;
+  std::set<std::string> refused_;
   std::map<std::string, std::map<std::string, double>> rates_;
 };
 

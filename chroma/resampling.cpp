@@ -58,16 +58,17 @@ struct Source {
 template <class Mean>
 void doubleColumns(Source<Mean> from, uint8_t* to, ptrdiff_t i, ptrdiff_t end) {
   if constexpr (kLanes > 0) {
-    constexpr int L = sizeof(Mean) > 0 ? kLanes : 1;
-    auto columns = [&](ptrdiff_t x, auto n) __attribute__((always_inline)) {
+    auto columns = [&]<int L>(ptrdiff_t x, auto n) __attribute__((always_inline)) {
       const U8<L> own = from.template load<16, L>(x, n), mean = from.template widened<L>(x, n);
       storeBytes<32>(to + 2 * x, interleaveLow<1>(own, mean), n * 2);
       storeBytes<32>(to + 2 * x + 16, interleaveHigh<1>(own, mean), n * 2 - 16);
     };
+    constexpr int kL = sizeof(Mean) > 0 ? kLanes : 1;
     if constexpr (std::is_same_v<Mean, Up>) {
-      eachVector<L>(i, end, Whole{}, columns);
+      for (; i + 16 * kL <= end; i += 16 * kL) columns.template operator()<kL>(i, Whole{});
+      if (i < end) columns.template operator()<kL / kL>(i, Whole{});
     } else {
-      columns(i, end - i);  // sixteen at most, and the last one has none after it
+      columns.template operator()<kL / kL>(i, end - i);  // sixteen at most, and the last one has none after it
     }
   } else {
     for (ptrdiff_t x = 2 * i; x < 2 * end; ++x) to[x] = static_cast<uint8_t>(from.widened(x));

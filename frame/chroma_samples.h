@@ -79,12 +79,6 @@ LANE_OP ChromaSamples<L> readChroma(const PackedGroups<Y, Cb, Cr>& source, ptrdi
   return readPairs<Stride, L>(source, row, i, n).chroma;
 }
 
-// The source for one row of chroma, where something is to be made ready for it.
-template <class Source>
-const Source& atRow(const Source& source, ptrdiff_t) {
-  return source;
-}
-
 // ---- Destinations ----
 
 template <HasLumaPlane Target>

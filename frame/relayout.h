@@ -148,9 +148,14 @@ struct Relayout {
   static void rows(const Relayout both, ptrdiff_t groups, ptrdiff_t samples, auto whole) {
     for (ptrdiff_t group = 0; group < groups; ++group) {
       if constexpr (kLanes > 0) {
-        const auto source = atRow(both.source, chromaRow(group));
-        using AtRow = Relayout<std::remove_cv_t<decltype(source)>, Target>;
-        AtRow::template row<(kRows > 0 ? kLanes : 1)>({source, both.target}, group, samples, whole);
+        constexpr int L = kRows > 0 ? kLanes : 1;  // dependent, so that no lanes are made where there are none
+        if constexpr (requires { atRow(both.source, group); }) {
+          const auto source = atRow(both.source, chromaRow(group));
+          Relayout<std::remove_cv_t<decltype(source)>, Target>::template row<L>({source, both.target}, group, samples,
+                                                                                whole);
+        } else {
+          row<L>(both, group, samples, whole);
+        }
       } else {
         for (ptrdiff_t i = 0; i < samples; ++i) both.sample(group, i);
       }
@@ -159,6 +164,8 @@ struct Relayout {
 };
 
 }  // namespace detail
+
+// A source may make something ready for a row of chroma: atRow(source, row) is the source that the row is read from.
 
 // The size is one of whole groups of both sides.
 template <class Source, class Target>
