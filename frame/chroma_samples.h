@@ -44,6 +44,27 @@ LANE_OP LumaPairs<L> readLuma(const Source& source, ptrdiff_t y, ptrdiff_t i, au
   return detail::loadRun<2 * Stride, L>(source.plane[0] + y * source.step[0] + 2 * i, n * 2);
 }
 
+// Chroma as it lies in memory, in two vectors, and what samples they hold: rows are mixed before they are taken apart.
+template <int Stride, int L, int Across, int Down, int kCb>
+LANE_OP std::array<U8<L>, 2> readRaw(const TwoPlaneGroups<Across, Down, kCb>& source, ptrdiff_t row, ptrdiff_t i,
+                                     auto n) {
+  return detail::loadRun<2 * Stride, L>(source.plane[1] + row * source.step[1] + 2 * i, n * 2);
+}
+template <int Stride, int L, class Source>
+LANE_OP std::array<U8<L>, 2> readRaw(const Source& source, ptrdiff_t row, ptrdiff_t i, auto n) {
+  const ChromaSamples<L> chroma = readChroma<Stride, L>(source, row, i, n);
+  return {chroma.cb, chroma.cr};
+}
+template <class Source, int L>
+LANE_OP ChromaSamples<L> chromaOf(const std::array<U8<L>, 2>& raw) {
+  if constexpr (requires { Source::kCbOfPair; }) {
+    const U8<L> first = evenOf(raw[0], raw[1]), second = oddOf(raw[0], raw[1]);
+    return Source::kCbOfPair == 0 ? ChromaSamples<L>{first, second} : ChromaSamples<L>{second, first};
+  } else {
+    return {raw[0], raw[1]};
+  }
+}
+
 template <int Stride, int L, int Across, int Down, bool EveryColumn>
 LANE_OP ChromaSamples<L> readChroma(const PlanarGroups<Across, Down, EveryColumn>& source, ptrdiff_t row, ptrdiff_t i,
                                     auto n) {
@@ -53,9 +74,7 @@ LANE_OP ChromaSamples<L> readChroma(const PlanarGroups<Across, Down, EveryColumn
 template <int Stride, int L, int Across, int Down, int kCb>
 LANE_OP ChromaSamples<L> readChroma(const TwoPlaneGroups<Across, Down, kCb>& source, ptrdiff_t row, ptrdiff_t i,
                                     auto n) {
-  const auto [a, b] = detail::loadRun<2 * Stride, L>(source.plane[1] + row * source.step[1] + 2 * i, n * 2);
-  const U8<L> first = evenOf(a, b), second = oddOf(a, b);
-  return kCb == 0 ? ChromaSamples<L>{first, second} : ChromaSamples<L>{second, first};
+  return chromaOf<TwoPlaneGroups<Across, Down, kCb>>(readRaw<Stride, L>(source, row, i, n));
 }
 
 template <int L>

@@ -150,9 +150,8 @@ struct Relayout {
       if constexpr (kLanes > 0) {
         constexpr int L = kRows > 0 ? kLanes : 1;  // dependent, so that no lanes are made where there are none
         if constexpr (requires { atRow(both.source, group); }) {
-          const auto source = atRow(both.source, chromaRow(group));
-          Relayout<std::remove_cv_t<decltype(source)>, Target>::template row<L>({source, both.target}, group, samples,
-                                                                                whole);
+          using AtRow = Relayout<decltype(atRow(both.source, group)), Target>;
+          AtRow::template row<L>(AtRow{atRow(both.source, chromaRow(group)), both.target}, group, samples, whole);
         } else {
           row<L>(both, group, samples, whole);
         }

@@ -75,7 +75,7 @@ struct PlanarGroups {
 // A luma plane and one of chroma pairs; Cb is the byte kCb of a pair.
 template <int Across, int Down, int kCb>
 struct TwoPlaneGroups {
-  static constexpr int kAcross = Across, kDown = Down;
+  static constexpr int kAcross = Across, kDown = Down, kCbOfPair = kCb;
   struct Row {
     LumaRows<Down> luma;
     const uint8_t* pairs;
