@@ -18,7 +18,8 @@ set(TOLK_SOURCES
     lumachroma/ycbcr.cpp
     lumachroma/yuv.cpp
     lumachroma/yuv_decoders.cpp
-    lumachroma/yuv_encoders.cpp)
+    lumachroma/yuv_encoders.cpp
+    spaces/gray.cpp)
 
 set(TOLK_WARNINGS -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wno-sign-conversion -Wno-psabi)
 if(TOLK_WERROR)

@@ -16,9 +16,12 @@ using BytesOf = std::conditional_t<std::is_const_v<T>, const uint8_t, uint8_t>;
 
 // What becomes of the samples of a pixel that no channel fills.
 struct Keep {};
+template <class T>
 struct Set {
-  int value;
+  T value;
 };
+template <class T>
+Set(T) -> Set<T>;
 
 // ---- Packed ----
 
@@ -107,7 +110,7 @@ struct PackedTarget {
         const int c = Layout::channelAt(place);
         if (c < Layout::kChannels) {
           this->setSample(x, place, static_cast<T>(pixel[c]));
-        } else if constexpr (std::is_same_v<Fourth, Set>) {
+        } else if constexpr (!std::is_same_v<Fourth, Keep>) {
           this->setSample(x, place, static_cast<T>(fourth.value));
         }
       }
@@ -118,12 +121,12 @@ struct PackedTarget {
     LANE_OP auto packed(const Registers<T, L, Layout::kChannels>& channel, auto oldRegisters) const {
       if constexpr (Layout::kStride == Layout::kChannels) {
         return packPixels<Layout>(channel, Reg<T, L>::splat(0));
-      } else if constexpr (std::is_same_v<Fourth, Set>) {
+      } else if constexpr (!std::is_same_v<Fourth, Keep>) {
         return packPixels<Layout>(channel, Reg<T, L>::splat(static_cast<T>(fourth.value)));
       } else {
         Registers<T, L, Layout::kChannels> none;
         none.fill(Reg<T, L>::splat(0));
-        const auto keepMask = packPixels<Layout>(none, Reg<T, L>::splat(static_cast<T>(-1)));
+        const auto keepMask = packPixels<Layout>(none, as<T>(U8<L>::splat(255)));
         auto memory = packPixels<Layout>(channel, Reg<T, L>::splat(0));
         const auto old = oldRegisters();
         unrolled<Layout::kStride>([&](auto k) __attribute__((always_inline)) {
@@ -208,13 +211,21 @@ template <class Layout, class T, class Fourth = Keep>
 PackedTarget<Layout, T, Fourth> to(T* dst, ptrdiff_t step, Fourth fourth = {}) {
   return {reinterpret_cast<uint8_t*>(dst), step, fourth};
 }
-// Three planes with one step.
+// One channel.
 template <class T>
-PlanarImage<const T, 3> from(const T* const* src, ptrdiff_t step) {
-  auto plane = [&](int c) { return reinterpret_cast<const uint8_t*>(src[c]); };
-  return {{plane(0), plane(1), plane(2)}, {step, step, step}};
+PlanarImage<T, 1> plane(T* p, ptrdiff_t step) {
+  return {{reinterpret_cast<BytesOf<T>*>(p)}, {step}};
 }
 // C planes with one step.
+template <int C = 3, class T>
+PlanarImage<const T, C> from(const T* const* src, ptrdiff_t step) {
+  PlanarImage<const T, C> image;
+  for (int c = 0; c < C; ++c) {
+    image.base[c] = reinterpret_cast<const uint8_t*>(src[c]);
+    image.step[c] = step;
+  }
+  return image;
+}
 template <int C = 3, class T>
 PlanarImage<T, C> to(T* const* dst, ptrdiff_t step) {
   PlanarImage<T, C> image;

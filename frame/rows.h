@@ -54,6 +54,12 @@ inline Steps tightSteps422(TolkSize roi) {
 
 namespace detail {
 
+// A form that takes samples as they lie in memory, bytes too.
+template <class Form>
+concept TakesSamples = requires {
+  requires Form::kTakesSamples;
+};
+
 // A form takes 16-bit numbers for bytes: each half of a byte register by itself.
 template <class Form, class T, int L, size_t C>
 LANE_OP auto applyForm(Form form, const std::array<Reg<T, L>, C>& channel) {
@@ -63,7 +69,7 @@ LANE_OP auto applyForm(Form form, const std::array<Reg<T, L>, C>& channel) {
     }
     (std::make_index_sequence<C>{});
   };
-  if constexpr (sizeof(T) > 1) {
+  if constexpr (sizeof(T) > 1 || TakesSamples<Form>) {
     return on([](auto a) __attribute__((always_inline)) { return a; });
   } else {
     const auto low = on([](auto a) __attribute__((always_inline)) { return widenLow(a); });
@@ -77,7 +83,7 @@ LANE_OP auto applyForm(Form form, const std::array<Reg<T, L>, C>& channel) {
 // The tail after blocks of 8 or fewer lies in one half of a lane of bytes; that half's result is given in both.
 template <int N, class Form, class T, int L, size_t C>
 LANE_OP auto applyTailForm(Form form, const std::array<Reg<T, L>, C>& channel, ptrdiff_t end) {
-  if constexpr (sizeof(T) > 1 || N > 8) {
+  if constexpr (sizeof(T) > 1 || N > 8 || TakesSamples<Form>) {
     return applyForm(form, channel);
   } else {
     const auto half = [&]<size_t... I>(std::index_sequence<I...>) __attribute__((always_inline)) {
@@ -98,11 +104,34 @@ LANE_OP ptrdiff_t convertVectors(Form form, const Source& src, const Target& dst
   return x;
 }
 
+// Groups of pixels: of each channel, the form takes and gives the samples of one group.
+template <int N, class Form, class Source, class Target>
+void convertGroups(Form form, const Source& src, const Target& dst, ptrdiff_t x, ptrdiff_t end) {
+  using Pixel = decltype(src.loadPixel(0));
+  for (; x < end; x += N) {
+    std::array<std::array<typename Pixel::value_type, N>, std::tuple_size_v<Pixel>> channel;
+    for (int i = 0; i < N; ++i) {
+      const Pixel pixel = src.loadPixel(x + i);
+      for (size_t c = 0; c < pixel.size(); ++c) channel[c][i] = pixel[c];
+    }
+    const auto result = std::apply(form, channel);
+    std::array<typename std::decay_t<decltype(result[0])>::value_type, result.size()> pixel;
+    for (int i = 0; i < N; ++i) {
+      for (size_t c = 0; c < pixel.size(); ++c) pixel[c] = result[c][i];
+      dst.storePixel(x + i, pixel);
+    }
+  }
+}
+
 template <class Form, class Source, class Target>
 void convertPixels(Form form, const Source& src, const Target& dst, ptrdiff_t x, ptrdiff_t end) {
-  auto number = []<class T>(T v) { return std::conditional_t<std::is_integral_v<T>, int, T>{v}; };
-  for (; x < end; ++x) {
-    dst.storePixel(x, std::apply([&](auto... v) { return form(number(v)...); }, src.loadPixel(x)));
+  if constexpr (requires { Form::kPixels; }) {
+    convertGroups<Form::kPixels>(form, src, dst, x, end);
+  } else {
+    auto number = []<class T>(T v) { return std::conditional_t<std::is_integral_v<T>, int, T>{v}; };
+    for (; x < end; ++x) {
+      dst.storePixel(x, std::apply([&](auto... v) { return form(number(v)...); }, src.loadPixel(x)));
+    }
   }
 }
 

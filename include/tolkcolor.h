@@ -1111,6 +1111,118 @@ TOLK_API TolkStatus tolkYCbCr411To420_8u_P3R(const uint8_t* const src[3], const 
 TOLK_API TolkStatus tolkYCbCr420To411_8u_P3R(const uint8_t* const src[3], const int32_t srcStep[3],
                                              uint8_t* const dst[3], const int32_t dstStep[3], TolkSize roi);
 
+/* ==== Gray ==== */
+
+/** A colour image to one channel of gray, and gray to three or four channels, of 8, 16, 32 and 64-bit samples.
+ *
+ * R, G and B below are channels 0, 1 and 2 in memory order, whatever colours they hold; the fourth channel of an AC4
+ * source is not used. Gray is their weighted sum. tolkRGBToGray has the luma weights of ITU-R BT.601, 0.299, 0.587 and
+ * 0.114, as single precision holds them (0.29899999499320984 and so on in 64f too); tolkColorToGray takes the weights
+ * w0, w1 and w2 from coeffs, and a null coeffs means those of BT.601, except where a function says otherwise. Weights
+ * of any size and sign are accepted, and the results of the rules below are not limited unless they say so.
+ *
+ * - 8u: a weight is the low 16 bits of w * 32768 + 0.5, calculated in double precision and cut toward zero: -0.5
+ *   becomes 49153, 2.0 becomes 0, and so does a weight that is not finite. The weights of BT.601 are 9798, 19235 and
+ *   3736, whose sum is 32769. With divisions cut:
+ *   - block: s = R * w0 / 256 + G * w1 / 256 + B * w2 / 256 + 64, limited to 65535; s / 128, or 0 for s from 32768: a
+ *     sum of weights above 1 turns bright pixels black
+ *   - tail: (R * w0 + G * w1 + B * w2 + 16384) / 32768, of which the low 8 bits are stored
+ * - 16u, 16s: v = (R * w0 + G * w1) + B * w2 in single precision, each operation rounded on its own, where 16s has
+ *   32768 added to each sample first. v is rounded to an integer of 32 bits, ties to even; a v that it does not hold,
+ *   or that is not a number, becomes -2147483648.
+ *   - 16u block: of four integers a, b, c, d with low and high words, a.low | c.high, b.low | a.high, c.low | b.high
+ *     and d.low | c.high are stored: outside 0..65535 high words leak into neighbours
+ *   - 16u tail: the low 16 bits
+ *   - 16s block: the integer minus 32768, limited to -32768..32767
+ *   - 16s tail: the low 16 bits of the integer minus 32768
+ * - 32f, 64f: (R * w0 + G * w1) + B * w2 in single or double precision, each operation rounded on its own. The sign and
+ *   payload of a result that is not a number are not defined.
+ *
+ * The block columns are `width & ~3`, in 8u of an AC4 source `width & ~7`.
+ *
+ * tolkGrayToRGB writes the sample to channels 0, 1 and 2, and alpha to channel 3 of C4, all bit for bit.
+ *
+ * Any width and height from 1. Steps are not tested.
+ *
+ * Returns tolkStatusOk; tolkStatusNullPointer for a null src or dst; tolkStatusBadSize for a width or height under 1.
+ * Pointers are tested first, then the size.
+ */
+/** 8u, weights of BT.601, of three channels. */
+TOLK_API TolkStatus tolkRGBToGray_8u_C3C1R(const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                           TolkSize roi);
+/** 8u, weights of BT.601, of four channels. */
+TOLK_API TolkStatus tolkRGBToGray_8u_AC4C1R(const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                            TolkSize roi);
+/** 16u, weights of BT.601, of three channels. */
+TOLK_API TolkStatus tolkRGBToGray_16u_C3C1R(const uint16_t* src, int32_t srcStep, uint16_t* dst, int32_t dstStep,
+                                            TolkSize roi);
+/** 16u, weights of BT.601, of four channels. */
+TOLK_API TolkStatus tolkRGBToGray_16u_AC4C1R(const uint16_t* src, int32_t srcStep, uint16_t* dst, int32_t dstStep,
+                                             TolkSize roi);
+/** 16s, weights of BT.601, of three channels. */
+TOLK_API TolkStatus tolkRGBToGray_16s_C3C1R(const int16_t* src, int32_t srcStep, int16_t* dst, int32_t dstStep,
+                                            TolkSize roi);
+/** 16s, weights of BT.601, of four channels. */
+TOLK_API TolkStatus tolkRGBToGray_16s_AC4C1R(const int16_t* src, int32_t srcStep, int16_t* dst, int32_t dstStep,
+                                             TolkSize roi);
+/** 32f, weights of BT.601, of three channels. */
+TOLK_API TolkStatus tolkRGBToGray_32f_C3C1R(const float* src, int32_t srcStep, float* dst, int32_t dstStep,
+                                            TolkSize roi);
+/** 32f, weights of BT.601, of four channels. */
+TOLK_API TolkStatus tolkRGBToGray_32f_AC4C1R(const float* src, int32_t srcStep, float* dst, int32_t dstStep,
+                                             TolkSize roi);
+/** 8u, weights of the caller, of three channels. */
+TOLK_API TolkStatus tolkColorToGray_8u_C3C1R(const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                             TolkSize roi, const float coeffs[3]);
+/** 8u, weights of the caller, of four channels. */
+TOLK_API TolkStatus tolkColorToGray_8u_AC4C1R(const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                              TolkSize roi, const float coeffs[3]);
+/** 16u, weights of the caller, of three channels. */
+TOLK_API TolkStatus tolkColorToGray_16u_C3C1R(const uint16_t* src, int32_t srcStep, uint16_t* dst, int32_t dstStep,
+                                              TolkSize roi, const float coeffs[3]);
+/** 16u, weights of the caller, of four channels. */
+TOLK_API TolkStatus tolkColorToGray_16u_AC4C1R(const uint16_t* src, int32_t srcStep, uint16_t* dst, int32_t dstStep,
+                                               TolkSize roi, const float coeffs[3]);
+/** 16s, weights of the caller, of three channels. */
+TOLK_API TolkStatus tolkColorToGray_16s_C3C1R(const int16_t* src, int32_t srcStep, int16_t* dst, int32_t dstStep,
+                                              TolkSize roi, const float coeffs[3]);
+/** 16s, weights of the caller, of four channels. */
+TOLK_API TolkStatus tolkColorToGray_16s_AC4C1R(const int16_t* src, int32_t srcStep, int16_t* dst, int32_t dstStep,
+                                               TolkSize roi, const float coeffs[3]);
+/** 32f, weights of the caller, of three channels. */
+TOLK_API TolkStatus tolkColorToGray_32f_C3C1R(const float* src, int32_t srcStep, float* dst, int32_t dstStep,
+                                              TolkSize roi, const float coeffs[3]);
+/** 32f, weights of the caller, of four channels. */
+TOLK_API TolkStatus tolkColorToGray_32f_AC4C1R(const float* src, int32_t srcStep, float* dst, int32_t dstStep,
+                                               TolkSize roi, const float coeffs[3]);
+/** 64f, weights of the caller, of three channels. */
+TOLK_API TolkStatus tolkColorToGray_64f_C3C1R(const double* src, int32_t srcStep, double* dst, int32_t dstStep,
+                                              TolkSize roi, const double coeffs[3]);
+/** 64f, weights of the caller, of four channels. coeffs must not be null and is not tested. */
+TOLK_API TolkStatus tolkColorToGray_64f_AC4C1R(const double* src, int32_t srcStep, double* dst, int32_t dstStep,
+                                               TolkSize roi, const double coeffs[3]);
+/** Three equal channels. */
+TOLK_API TolkStatus tolkGrayToRGB_8u_C1C3R(const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                           TolkSize roi);
+/** Three equal channels. */
+TOLK_API TolkStatus tolkGrayToRGB_16u_C1C3R(const uint16_t* src, int32_t srcStep, uint16_t* dst, int32_t dstStep,
+                                            TolkSize roi);
+/** Three equal channels. */
+TOLK_API TolkStatus tolkGrayToRGB_32f_C1C3R(const float* src, int32_t srcStep, float* dst, int32_t dstStep,
+                                            TolkSize roi);
+/** Three equal channels and alpha. */
+TOLK_API TolkStatus tolkGrayToRGB_8u_C1C4R(const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                           TolkSize roi, uint8_t alpha);
+/** Three equal channels and alpha. */
+TOLK_API TolkStatus tolkGrayToRGB_16u_C1C4R(const uint16_t* src, int32_t srcStep, uint16_t* dst, int32_t dstStep,
+                                            TolkSize roi, uint16_t alpha);
+/** Three equal channels and alpha. */
+TOLK_API TolkStatus tolkGrayToRGB_32f_C1C4R(const float* src, int32_t srcStep, float* dst, int32_t dstStep,
+                                            TolkSize roi, float alpha);
+/** The luma of packed 4:2:2: sample x is byte 2 x of the row, for a last odd column too. */
+TOLK_API TolkStatus tolkYCbCr422ToGray_8u_C2C1R(const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                                TolkSize roi);
+
 #ifdef __cplusplus
 }
 #endif

@@ -6,9 +6,12 @@
 
 #include <immintrin.h>
 
+#include <bit>
+#include <concepts>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <type_traits>
 #include <utility>
 
 #define LANE_OP [[gnu::always_inline]] inline
@@ -55,7 +58,14 @@ struct Reg {
   Reg() = default;
   LANE_OP explicit Reg(Bits bits) : v(reinterpret_cast<Vec>(bits)) {}
   LANE_OP static Reg of(Vec vec) { return Reg(reinterpret_cast<Bits>(vec)); }
-  LANE_OP static Reg splat(T value) { return of(value - Vec{}); }
+  LANE_OP static Reg splat(T value) {  // bit for bit, a signalling NaN too
+    if constexpr (std::is_floating_point_v<T>) {
+      using Word = std::conditional_t<sizeof(T) == 4, uint32_t, uint64_t>;
+      return Reg(Reg<Word, L>::splat(std::bit_cast<Word>(value)).bits());
+    } else {
+      return of(value - Vec{});
+    }
+  }
   LANE_OP Bits bits() const { return reinterpret_cast<Bits>(v); }
 
   Vec v;
@@ -71,6 +81,8 @@ template <int L>
 using I32 = Reg<int32_t, L>;
 template <int L>
 using F32 = Reg<float, L>;
+template <int L>
+using F64 = Reg<double, L>;
 
 template <class To, class T, int L>
 LANE_OP Reg<To, L> as(Reg<T, L> a) {
@@ -102,9 +114,9 @@ LANE_OP Reg<T, L> operator-(Reg<T, L> a, Reg<T, L> b) {
   using W = Reg<typename WrapOf<T>::Type, L>;
   return as<T>(W::of(reinterpret_cast<typename W::Vec>(a.v) - reinterpret_cast<typename W::Vec>(b.v)));
 }
-template <int L>
-LANE_OP F32<L> operator*(F32<L> a, F32<L> b) {
-  return F32<L>::of(a.v * b.v);
+template <std::floating_point T, int L>
+LANE_OP Reg<T, L> operator*(Reg<T, L> a, Reg<T, L> b) {
+  return Reg<T, L>::of(a.v * b.v);
 }
 template <class T, int L>
 LANE_OP Reg<T, L> operator|(Reg<T, L> a, Reg<T, L> b) {
@@ -147,6 +159,11 @@ LANE_OP I16<L> mulHigh(I16<L> a, I16<L> b) {
 template <int L>
 LANE_OP U16<L> mulHigh(U16<L> a, U16<L> b) {
   BY_WIDTH(uint16_t, mulhi_epu16, a.bits(), b.bits())
+}
+// Limited to 65535.
+template <int L>
+LANE_OP U16<L> addLimited(U16<L> a, U16<L> b) {
+  BY_WIDTH(uint16_t, adds_epu16, a.bits(), b.bits())
 }
 // (a * b + 2^14) >> 15.
 template <int L>
@@ -243,11 +260,14 @@ LANE_OP Reg<int8_t, L> everyLane(const Places& places) {
   }
 }
 
-// a where the mask is set, else b.
-template <class T, int L>
-LANE_OP Reg<T, L> choose(Reg<T, L> mask, Reg<T, L> a, Reg<T, L> b) {
-  const U8<L> m = as<uint8_t>(mask);
-  return (a & mask) | (b & as<T>(U8<L>::of(~m.v)));
+// a where the mask is set, else b. All bits of a sample's mask are equal.
+template <class M, class T, int L>
+LANE_OP Reg<T, L> choose(Reg<M, L> mask, Reg<T, L> a, Reg<T, L> b) {
+  if constexpr (L == 1) {
+    return (a & as<T>(mask)) | (b & as<T>(U8<L>::of(~as<uint8_t>(mask).v)));
+  } else {
+    return Reg<T, L>(_mm256_blendv_epi8(b.bits(), a.bits(), mask.bits()));
+  }
 }
 
 // Every number moves up by one place; the last one of `before` comes first.
@@ -279,24 +299,24 @@ LANE_OP U8<L> oddOf(U8<L> a, U8<L> b) {
   return narrow(oddBytes(a), oddBytes(b));
 }
 
-// The even (odd) 32-bit groups of two vectors, those of a first.
-template <int L>
-LANE_OP U8<L> evenQuads(U8<L> a, U8<L> b) {
+// The 32-bit groups I and J of a, then K and M of b, within each lane.
+template <int I, int J, int K, int M, class T, int L>
+LANE_OP Reg<T, L> quadsOf(Reg<T, L> a, Reg<T, L> b) {
+  const auto low = as<float>(a).v, high = as<float>(b).v;
+  constexpr int kGroups = I | J << 2 | K << 4 | M << 6;
   if constexpr (L == 1) {
-    return U8<1>(_mm_castps_si128(_mm_shuffle_ps(_mm_castsi128_ps(a.bits()), _mm_castsi128_ps(b.bits()), 0x88)));
+    return as<T>(F32<1>::of(_mm_shuffle_ps(low, high, kGroups)));
   } else {
-    return U8<2>(
-        _mm256_castps_si256(_mm256_shuffle_ps(_mm256_castsi256_ps(a.bits()), _mm256_castsi256_ps(b.bits()), 0x88)));
+    return as<T>(F32<2>::of(_mm256_shuffle_ps(low, high, kGroups)));
   }
 }
 template <int L>
+LANE_OP U8<L> evenQuads(U8<L> a, U8<L> b) {
+  return quadsOf<0, 2, 0, 2>(a, b);
+}
+template <int L>
 LANE_OP U8<L> oddQuads(U8<L> a, U8<L> b) {
-  if constexpr (L == 1) {
-    return U8<1>(_mm_castps_si128(_mm_shuffle_ps(_mm_castsi128_ps(a.bits()), _mm_castsi128_ps(b.bits()), 0xdd)));
-  } else {
-    return U8<2>(
-        _mm256_castps_si256(_mm256_shuffle_ps(_mm256_castsi256_ps(a.bits()), _mm256_castsi256_ps(b.bits()), 0xdd)));
-  }
+  return quadsOf<1, 3, 1, 3>(a, b);
 }
 
 #undef BY_WIDTH

@@ -97,6 +97,18 @@ constexpr Range mu8(Range x, UnsignedFactor c) {
   return x.require(x.within(0, 255)).unsigned16().through([&](int64_t v) { return mu8(static_cast<int>(v), c); });
 }
 
+// Sums and numbers of unsigned 16 bits: limited to 65535; read as signed.
+template <int L>
+LANE_OP U16<L> addLimited(U16<L> a, int b) {
+  return addLimited(a, U16<L>::splat(static_cast<uint16_t>(b)));
+}
+constexpr int addLimited(int a, int b) { return std::min(a + b, 65535); }
+template <int L>
+LANE_OP I16<L> asSigned(U16<L> a) {
+  return as<int16_t>(a);
+}
+constexpr int asSigned(int a) { return static_cast<int16_t>(a); }
+
 // a * c / 65536.
 template <int L>
 LANE_OP I16<L> h(I16<L> a, Factor c) {

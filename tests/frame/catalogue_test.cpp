@@ -12,6 +12,7 @@ TEST(Catalogue, PlanesOfFiveByThreePixels) {
   const Geometry kGeometries[] = {
       {{"RGB", "C3", "8u"}, {{15, 3}}},
       {{"RGB", "AC4", "16u"}, {{40, 3}}},
+      {{"Gray", "C1", "64f"}, {{40, 3}}},
       {{"YCbCr", "P3", "32f"}, {{20, 3}, {20, 3}, {20, 3}}},
       {{"YCbCr422", "P3", "8u"}, {{5, 3}, {3, 3}, {3, 3}}},
       {{"YCbCr420", "P2", "8u"}, {{5, 3}, {6, 2}}},

@@ -71,9 +71,35 @@ static void listDifferences(const Image& got, const Image& want, std::string_vie
   }
 }
 
+// In the range of the samples that it stands among.
+static double alphaFor(const tolk::Function& f, TolkSize roi) {
+  const int64_t value = int64_t{roi.width} * 29 + int64_t{roi.height} * 113 + 77;
+  if (f.dst.sample == "32f") return static_cast<double>(value) * -0x1p-9;
+  return static_cast<double>(f.dst.sample == "16u" ? value * 2003 & 0xffff : value & 0xff);
+}
+
+// None, a usual set, sums above 1, negative weights, ones that wrap as 16-bit integers, ones whose sum saturates there,
+// and some that leave the range of 16-bit samples far behind.
+static std::optional<std::array<double, 3>> coeffsFor(const tolk::Function& f, TolkSize roi) {
+  using Weights = std::optional<std::array<double, 3>>;
+  static const Weights kWeights[] = {{},
+                                     {{0.2126, 0.7152, 0.0722}},
+                                     {{0.5, 0.5, 0.5}},
+                                     {{-0.5, 1.25, 0.25}},
+                                     {{2.0, 0.25, -0.125}},
+                                     {{1.99, 0.7, 1.99}},
+                                     {{40.5, -7.25, 300.0}}};
+  const Weights& chosen = kWeights[(int64_t{roi.width} + roi.height) % 7];
+  return chosen || takesNullCoeffs(f) ? chosen : kWeights[1];
+}
+
 tolk::Call Images::call(const Case& c) const {
-  const auto alpha = static_cast<uint8_t>(c.roi.width * 29 + c.roi.height * 113 + 77);
-  return {c.subject->function->inPlace ? dst.side() : src.side(), dst.side(), c.roi, alpha};
+  const tolk::Function& f = *c.subject->function;
+  return {.src = f.inPlace ? dst.side() : src.side(),
+          .dst = dst.side(),
+          .roi = c.roi,
+          .alpha = alphaFor(f, c.roi),
+          .coeffs = coeffsFor(f, c.roi)};
 }
 
 // The planes of a source. One function reads, of the least image, a second row below its one row of chroma.
@@ -99,8 +125,13 @@ void Rig::prepare(const Case& c) {
 }
 
 void Rig::fill(Images& images) const {
-  images.src.fill(case_.contents, seed_);
-  images.dst.fill(function().inPlace ? case_.contents : Contents::Random, ~seed_);
+  const tolk::Function& f = function();
+  images.src.fill(case_.contents, seed_, f.src.sample);
+  if (f.inPlace) {
+    images.dst.fill(case_.contents, ~seed_, f.dst.sample);
+  } else {
+    images.dst.fill(Contents::Random, ~seed_);
+  }
 }
 
 testing::AssertionResult Rig::run() const {

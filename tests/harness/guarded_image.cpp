@@ -7,8 +7,6 @@
 #include <bit>
 #include <cstdio>
 #include <cstdlib>
-#include <cstring>
-#include <random>
 
 namespace harness {
 
@@ -97,39 +95,33 @@ void Image::layOut(const std::vector<tolk::PlaneShape>& shapes, StepKind steps, 
   }
 }
 
-void Image::fill(Contents contents, uint32_t seed) {
-  static const std::vector<uint8_t> kNoise = [] {
-    std::vector<uint8_t> bytes(1 << 22);  // no image of the tests repeats itself
-    std::mt19937 random(1);
-    for (uint8_t& byte : bytes) byte = static_cast<uint8_t>(random());
-    return bytes;
-  }();
+static void fillBytes(std::span<uint8_t> bytes, Contents contents, uint32_t& seed) {
+  switch (contents) {
+    case Contents::Random:
+      fillFrom(bytePool(), bytes, seed);
+      break;
+    case Contents::Zeros:
+      std::ranges::fill(bytes, uint8_t{0});
+      break;
+    case Contents::Ones:
+      std::ranges::fill(bytes, uint8_t{255});
+      break;
+    case Contents::Alternating:
+      for (size_t i = 0; i < bytes.size(); ++i) bytes[i] = i % 2 ? 255 : 0;
+      break;
+    case Contents::Extremes:
+      fillFrom(bytePool(), bytes, seed);
+      for (uint8_t& byte : bytes) byte = byte % 2 ? 255 : 0;
+      break;
+  }
+}
+
+void Image::fill(Contents contents, uint32_t seed, std::string_view sample) {
+  const std::span<const uint8_t> pool = samplePool(sample, contents);
   for (const Plane& plane : planes_) {
-    for (std::span<uint8_t> rest : plane.windows) {
-      switch (contents) {
-        case Contents::Random:
-          while (!rest.empty()) {
-            const size_t from = (seed = seed * 1664525 + 1013904223) >> 11;
-            const size_t count = std::min(rest.size(), kNoise.size() / 2);
-            std::memcpy(rest.data(), kNoise.data() + from, count);
-            rest = rest.subspan(count);
-          }
-          break;
-        case Contents::Zeros:
-          std::memset(rest.data(), 0, rest.size());
-          break;
-        case Contents::Ones:
-          std::memset(rest.data(), 255, rest.size());
-          break;
-        case Contents::Alternating:
-          for (size_t i = 0; i < rest.size(); ++i) rest[i] = i % 2 ? 255 : 0;
-          break;
-        case Contents::Extremes:
-          seed = seed * 1664525 + 1013904223;
-          for (size_t i = 0; i < rest.size(); ++i) rest[i] = kNoise[(seed + i) % kNoise.size()] % 2 ? 255 : 0;
-          break;
-      }
-    }
+    for (const std::span<uint8_t> window : plane.windows) fillBytes(window, contents, seed);
+    for (int64_t y = 0; y < plane.shape.rows && !pool.empty(); ++y)
+      fillFrom(pool, {plane.first + y * plane.step, static_cast<size_t>(plane.shape.rowBytes)}, seed);
   }
 }
 

@@ -10,6 +10,7 @@
 
 #include "catalogue.h"
 #include "harness/library.h"
+#include "harness/samples.h"
 
 namespace harness {
 
@@ -24,8 +25,6 @@ struct Layout {
   int alignment = -1;  // of a block: address of the first plane modulo 32; -1 lies flush
 };
 std::string describe(const Layout& layout);
-
-enum class Contents { Random, Zeros, Ones, Alternating, Extremes };  // Extremes: 0 or 255 at random
 
 // Pages at a fixed distance, accessible in slots, with no access before, between and after them.
 class Arena {
@@ -51,7 +50,8 @@ struct Plane {
 class Image {
  public:
   void layOut(const std::vector<tolk::PlaneShape>& shapes, StepKind steps, const Layout& layout);
-  void fill(Contents contents, uint32_t seed);
+  // All accessible bytes; then the rows with samples, if a type is given that is more than its bytes.
+  void fill(Contents contents, uint32_t seed, std::string_view sample = "8u");
   tolk::Side side() const;
   const std::vector<Plane>& planes() const { return planes_; }
   // An 8-bit sample of an image without subsampling.

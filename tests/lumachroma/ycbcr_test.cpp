@@ -76,7 +76,7 @@ TEST(YCbCr, FourthByte) {
     harness::Rig& rig = rowOf(c, {100, 100, 100});
     for (const harness::Images* images : {&rig.tested, &rig.expected}) images->dst.at(rule.column, 0, 3) = 0x5A;
     ASSERT_TRUE(rig.run());
-    const int want = rule.fourth == Kept ? 0x5A : rule.fourth == Zero ? 0 : rig.tested.call(c).alpha;
+    const double want = rule.fourth == Kept ? 0x5A : rule.fourth == Zero ? 0 : rig.tested.call(c).alpha;
     for (const harness::Images* images : {&rig.tested, &rig.expected})
       EXPECT_EQ(images->dst.at(rule.column, 0, 3), want) << describe(c) << ", column " << rule.column;
   }

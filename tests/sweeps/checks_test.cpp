@@ -35,6 +35,7 @@ std::vector<Fault> argumentFaults(const tolk::Function& f) {
     faults.push_back({"width " + std::to_string(value), [=](tolk::Call& c) { c.roi.width = value; }, value > 0});
     faults.push_back({"height " + std::to_string(value), [=](tolk::Call& c) { c.roi.height = value; }, value > 0});
   }
+  if (harness::takesNullCoeffs(f)) faults.push_back({"coeffs null", [](tolk::Call& c) { c.coeffs.reset(); }, true});
   return faults;
 }
 

@@ -4,6 +4,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string_view>
 #include <vector>
@@ -24,12 +25,16 @@ struct Side {
 struct Call {
   Side src, dst;
   TolkSize roi{};
-  uint8_t alpha = 0;
+  double alpha = 0;      // a double holds the values of every sample type
   uint32_t stripe = 21;  // a whole picture
+  // Weights of the caller; none is a null pointer, which one function does not take.
+  std::optional<std::array<double, 3>> coeffs = {{0.299, 0.587, 0.114}};
 };
 
 struct SideInfo {
-  std::string_view space;   // "RGB", "YCbCr422"; "RGB565" and "Gray10" are 16-bit words, and no plain 16-bit samples
+  // "RGB", "YCbCr422"; "Color" has its channels in any order; "RGB565" and "Gray10" are 16-bit words, and no plain
+  // 16-bit samples
+  std::string_view space;
   std::string_view layout;  // "C3", "P2", "AC4"
   std::string_view sample;  // "8u", "32f"
   bool tight = false;       // the call takes no steps: rows stand without slack, and 4:2:0 chroma is rounded down

@@ -26,4 +26,16 @@ struct Steps {
   std::array<T, 4> step;
 };
 
+// Missing weights are a null pointer.
+template <class T>
+struct Weights {
+  explicit Weights(const std::optional<std::array<double, 3>>& weights) : missing(!weights) {
+    for (size_t i = 0; i < value.size() && weights; ++i) value[i] = static_cast<T>((*weights)[i]);
+  }
+  operator const T*() const { return missing ? nullptr : value.data(); }
+
+  std::array<T, 3> value{};
+  bool missing;
+};
+
 }  // namespace tolk

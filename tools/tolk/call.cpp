@@ -30,7 +30,7 @@ void report(const Function& function, TolkStatus status, bool strict) {
 
 }  // namespace
 
-double callFunction(const Function& function, RawImage& src, RawImage& dst, uint8_t alpha, int times, bool strict) {
+double callFunction(const Function& function, RawImage& src, RawImage& dst, double alpha, int times, bool strict) {
   requireSteps(function, src);
   requireSteps(function, dst);
   const Call call = {src.side(), dst.side(), src.size, alpha};

@@ -7,7 +7,7 @@ namespace tolk {
 
 // Calls `times` times and returns the median seconds of a call. A warning goes to standard error; it is a failure if
 // `strict`, and an error always is.
-double callFunction(const Function& function, RawImage& src, RawImage& dst, uint8_t alpha, int times = 1,
+double callFunction(const Function& function, RawImage& src, RawImage& dst, double alpha, int times = 1,
                     bool strict = false);
 
 }  // namespace tolk

@@ -44,17 +44,19 @@ RawImage readSource(const RunOptions& options, const Function& function) {
   return readRaw(options.in, function.src, parseSize(options.size));
 }
 
-uint8_t alphaFor(const RunOptions& options, const Function& function) {
-  if (!options.alpha) return 255;
+double opaque(const SideInfo& side) { return side.sample == "32f" ? 1 : side.sample == "16u" ? 65535 : 255; }
+
+double alphaFor(const RunOptions& options, const Function& function) {
+  if (!options.alpha) return opaque(function.dst);
   if (!function.has("alpha")) throw std::runtime_error(std::string(function.name) + " takes no alpha");
-  return static_cast<uint8_t>(*options.alpha);
+  return *options.alpha;
 }
 
 }  // namespace
 
 void runFunction(const RunOptions& options) {
   const Function& function = requireFunction(options.function);
-  const uint8_t alpha = alphaFor(options, function);
+  const double alpha = alphaFor(options, function);
   const bool toImageFile = isImageFile(options.out), toVideo = isY4mFile(options.out);
   if ((toImageFile && !servesImages(function.dst)) || (toVideo && !servesY4m(function.dst))) {
     failWithSide(options.out, function, function.dst, "gives");

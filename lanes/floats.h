@@ -1,0 +1,245 @@
+// Single precision on registers and on single numbers: one rounded operation at a time, selections by masks.
+#pragma once
+
+#include <algorithm>
+#include <array>
+#include <concepts>
+#include <limits>
+
+#include "lanes/terms.h"
+
+namespace tolk {
+
+template <std::floating_point T, int L>
+LANE_OP Reg<T, L> operator+(Reg<T, L> a, std::type_identity_t<T> b) {
+  return a + Reg<T, L>::splat(b);
+}
+template <std::floating_point T, int L>
+LANE_OP Reg<T, L> operator-(Reg<T, L> a, std::type_identity_t<T> b) {
+  return a - Reg<T, L>::splat(b);
+}
+template <std::floating_point T, int L>
+LANE_OP Reg<T, L> operator-(std::type_identity_t<T> a, Reg<T, L> b) {
+  return Reg<T, L>::splat(a) - b;
+}
+template <std::floating_point T, int L>
+LANE_OP Reg<T, L> operator*(Reg<T, L> a, std::type_identity_t<T> b) {
+  return a * Reg<T, L>::splat(b);
+}
+template <std::floating_point T, int L>
+LANE_OP Reg<T, L> operator/(Reg<T, L> a, Reg<T, L> b) {
+  return Reg<T, L>::of(a.v / b.v);
+}
+
+// ---- Comparisons give masks: of lanes one sample wide, of single numbers a bool. None holds for a NaN. ----
+
+template <int L>
+LANE_OP I32<L> operator==(F32<L> a, F32<L> b) {
+  return I32<L>::of(a.v == b.v);
+}
+template <int L>
+LANE_OP I32<L> operator<(F32<L> a, F32<L> b) {
+  return I32<L>::of(a.v < b.v);
+}
+template <int L>
+LANE_OP I32<L> operator<=(F32<L> a, F32<L> b) {
+  return I32<L>::of(a.v <= b.v);
+}
+template <int L>
+LANE_OP I32<L> operator==(F32<L> a, float b) {
+  return a == F32<L>::splat(b);
+}
+template <int L>
+LANE_OP I32<L> operator<(F32<L> a, float b) {
+  return a < F32<L>::splat(b);
+}
+template <int L>
+LANE_OP I32<L> operator<=(F32<L> a, float b) {
+  return a <= F32<L>::splat(b);
+}
+template <int L>
+LANE_OP I32<L> operator==(I32<L> a, int b) {
+  return I32<L>::of(a.v == I32<L>::splat(b).v);
+}
+template <int L>
+LANE_OP F32<L> choose(I32<L> mask, F32<L> a, float b) {
+  return choose(mask, a, F32<L>::splat(b));
+}
+template <int L>
+LANE_OP F32<L> choose(I32<L> mask, float a, F32<L> b) {
+  return choose(mask, F32<L>::splat(a), b);
+}
+template <int L>
+LANE_OP F32<L> choose(I32<L> mask, float a, float b) {
+  return choose(mask, F32<L>::splat(a), F32<L>::splat(b));
+}
+LANE_OP float choose(bool mask, float a, float b) { return mask ? a : b; }
+
+// a if it is the larger (smaller) one, else b: b if one of them is not a number.
+template <int L>
+LANE_OP F32<L> larger(F32<L> a, F32<L> b) {
+  if constexpr (L == 1) {
+    return F32<L>::of(_mm_max_ps(a.v, b.v));
+  } else {
+    return F32<L>::of(_mm256_max_ps(a.v, b.v));
+  }
+}
+template <int L>
+LANE_OP F32<L> smaller(F32<L> a, F32<L> b) {
+  if constexpr (L == 1) {
+    return F32<L>::of(_mm_min_ps(a.v, b.v));
+  } else {
+    return F32<L>::of(_mm256_min_ps(a.v, b.v));
+  }
+}
+template <int L>
+LANE_OP F32<L> larger(F32<L> a, float b) {
+  return larger(a, F32<L>::splat(b));
+}
+template <int L>
+LANE_OP F32<L> larger(float a, F32<L> b) {
+  return larger(F32<L>::splat(a), b);
+}
+template <int L>
+LANE_OP F32<L> smaller(F32<L> a, float b) {
+  return smaller(a, F32<L>::splat(b));
+}
+template <int L>
+LANE_OP F32<L> smaller(float a, F32<L> b) {
+  return smaller(F32<L>::splat(a), b);
+}
+LANE_OP float larger(float a, float b) { return a > b ? a : b; }
+LANE_OP float smaller(float a, float b) { return a < b ? a : b; }
+
+// ---- Integers of 32 bits: what they do not hold becomes INT32_MIN ----
+
+template <int L>
+LANE_OP F32<L> asFloat(I32<L> a) {
+  if constexpr (L == 1) {
+    return F32<L>::of(_mm_cvtepi32_ps(a.bits()));
+  } else {
+    return F32<L>::of(_mm256_cvtepi32_ps(a.bits()));
+  }
+}
+LANE_OP float asFloat(int a) { return static_cast<float>(a); }
+
+// Toward zero.
+template <int L>
+LANE_OP I32<L> truncated(F32<L> a) {
+  if constexpr (L == 1) {
+    return I32<L>(_mm_cvttps_epi32(a.v));
+  } else {
+    return I32<L>(_mm256_cvttps_epi32(a.v));
+  }
+}
+LANE_OP int truncated(float a) { return _mm_cvttss_si32(_mm_set_ss(a)); }
+
+// In the caller's rounding mode: to nearest, ties to even, unless it was changed.
+template <int L>
+LANE_OP I32<L> rounded(F32<L> a) {
+  if constexpr (L == 1) {
+    return I32<L>(_mm_cvtps_epi32(a.v));
+  } else {
+    return I32<L>(_mm256_cvtps_epi32(a.v));
+  }
+}
+LANE_OP int rounded(float a) { return _mm_cvtss_si32(_mm_set_ss(a)); }
+
+template <int L>
+LANE_OP I32<L> notNegative(I32<L> a) {
+  return a & I32<L>::of(~shiftRight(a, 31).v);
+}
+LANE_OP int notNegative(int a) { return std::max(a, 0); }
+
+// ---- Integer samples through a form of floats ----
+
+// A result of which the low bits are stored; other results are limited to the sample's range.
+template <class Number>
+struct LowBits {
+  Number value;
+};
+template <class Number>
+LANE_OP LowBits<Number> lowBits(Number value) {
+  return {value};
+}
+
+namespace detail {
+
+// Signed 16-bit samples are seen as unsigned ones, 32768 higher.
+template <class Sample>
+inline constexpr int kBias = std::is_same_v<Sample, int16_t> ? 32768 : 0;
+
+template <class Sample, class T, int L>
+LANE_OP U16<L> biased(Reg<T, L> a) {
+  const auto words = as<uint16_t>(a);
+  return kBias<Sample> ? differing(words, U16<L>::splat(0x8000)) : words;
+}
+template <class Sample, class T, int L>
+LANE_OP F32<L> lowFloats(Reg<T, L> a) {
+  return asFloat(as<int32_t>(interleaveLow<2>(biased<Sample>(a), U16<L>::splat(0))));
+}
+template <class Sample, class T, int L>
+LANE_OP F32<L> highFloats(Reg<T, L> a) {
+  return asFloat(as<int32_t>(interleaveHigh<2>(biased<Sample>(a), U16<L>::splat(0))));
+}
+
+template <class Sample, int L>
+LANE_OP auto narrowResult(I32<L> low, I32<L> high) {
+  if constexpr (sizeof(Sample) == 1) {
+    return ByteResult<L>{narrow(low, high)};
+  } else if constexpr (std::is_same_v<Sample, uint16_t> && L == 2) {
+    return U16<L>(_mm256_packus_epi32(low.bits(), high.bits()));
+  } else {  // of unsigned samples, only the signed pack is there
+    const I32<L> bias = I32<L>::splat(32768);
+    const auto words = narrow(low - bias, high - bias);
+    return as<Sample>(kBias<Sample> ? words : differing(words, I16<L>::splat(-32768)));
+  }
+}
+template <class Sample, int L>
+LANE_OP auto narrowResult(LowBits<I32<L>> low, LowBits<I32<L>> high) {
+  static_assert(sizeof(Sample) == 2);
+  auto word = [](auto a) __attribute__((always_inline)) { return shiftRight(shiftLeft(a, 16), 16); };
+  return as<Sample>(biased<Sample>(narrow(word(low.value), word(high.value))));
+}
+
+template <class Sample>
+LANE_OP int sampleOf(int value) {
+  using Limits = std::numeric_limits<Sample>;
+  return std::clamp(std::max(value, 0) - kBias<Sample>, int{Limits::min()}, int{Limits::max()});
+}
+template <class Sample>
+LANE_OP int sampleOf(LowBits<int> result) {
+  return static_cast<Sample>(result.value - kBias<Sample>);
+}
+
+}  // namespace detail
+
+// The samples of a pixel as floats, the results as samples.
+template <class Sample, class Form>
+struct OnFloats {
+  template <class... Regs>
+  LANE_OP auto operator()(Regs... samples) const {
+    const auto low = form(detail::lowFloats<Sample>(samples)...);
+    const auto high = form(detail::highFloats<Sample>(samples)...);
+    return [&]<size_t... I>(std::index_sequence<I...>) __attribute__((always_inline)) {
+      return std::array{detail::narrowResult<Sample>(low[I], high[I])...};
+    }
+    (std::make_index_sequence<std::tuple_size_v<decltype(low)>>{});
+  }
+  template <std::same_as<int>... Ints>
+  LANE_OP auto operator()(Ints... samples) const {
+    const auto results = form(asFloat(samples + detail::kBias<Sample>)...);
+    return [&]<size_t... I>(std::index_sequence<I...>) __attribute__((always_inline)) {
+      return std::array{detail::sampleOf<Sample>(results[I])...};
+    }
+    (std::make_index_sequence<std::tuple_size_v<decltype(results)>>{});
+  }
+
+  Form form;
+};
+template <class Sample, class Form>
+OnFloats<Sample, Form> onFloats(Form form) {
+  return {form};
+}
+
+}  // namespace tolk
