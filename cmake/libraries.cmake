@@ -19,7 +19,11 @@ set(TOLK_SOURCES
     lumachroma/yuv.cpp
     lumachroma/yuv_decoders.cpp
     lumachroma/yuv_encoders.cpp
-    spaces/gray.cpp)
+    spaces/gray.cpp
+    spaces/hls.cpp
+    spaces/hsv.cpp
+    spaces/photoycc.cpp
+    spaces/xyz.cpp)
 
 set(TOLK_WARNINGS -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wno-sign-conversion -Wno-psabi)
 if(TOLK_WERROR)

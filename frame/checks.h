@@ -31,6 +31,12 @@ PlaneTest<Pointer> planes(const Pointer* plane, int count = 3) {
   return {plane, count};
 }
 
+struct StepTest {
+  int32_t srcStep, dstStep;
+  TolkStatus fault() const { return srcStep < 1 || dstStep < 1 ? tolkStatusBadStep : tolkStatusOk; }
+};
+inline StepTest steps(int32_t srcStep, int32_t dstStep) { return {srcStep, dstStep}; }
+
 struct SizeTest {
   TolkSize roi, least;
   TolkStatus fault() const {

@@ -236,4 +236,11 @@ PlanarImage<T, C> to(T* const* dst, ptrdiff_t step) {
   return image;
 }
 
+// The first three planes in the opposite order, as BGR is to RGB.
+template <class Element, int C>
+PlanarImage<Element, C> reversed(PlanarImage<Element, C> image) {
+  std::swap(image.base[0], image.base[2]);
+  return image;
+}
+
 }  // namespace tolk

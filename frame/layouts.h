@@ -32,6 +32,7 @@ using BGR3 = Packed<3, 2, 1, 0>;
 using RGB4 = Packed<4, 0, 1, 2>;  // the fourth is no channel
 using RGBA = Packed<4, 0, 1, 2, 3>;
 using BGR4 = Packed<4, 2, 1, 0>;
+using BGRA = Packed<4, 2, 1, 0, 3>;
 
 namespace detail {
 

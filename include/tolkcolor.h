@@ -2,7 +2,8 @@
  *
  * Every function is flat: it takes caller-owned memory, converts one rectangular region, and returns a status. It keeps
  * no state, starts no thread, allocates nothing and prints nothing, and may run on any number of threads at once over
- * different destinations. Every output bit is defined, and is the same in every build and on every processor.
+ * different destinations. Every output bit is defined, and is the same in every build and, except where a family says
+ * that it takes the processor's reciprocal estimate, on every processor.
  *
  * Images. A pointer addresses the first sample of the region; a step is the distance in bytes from one row to the next,
  * so row y is at base + y * step, computed in 64 bits. Unless a family says that it tests steps, a step may be any
@@ -1222,6 +1223,390 @@ TOLK_API TolkStatus tolkGrayToRGB_32f_C1C4R(const float* src, int32_t srcStep, f
 /** The luma of packed 4:2:2: sample x is byte 2 x of the row, for a last odd column too. */
 TOLK_API TolkStatus tolkYCbCr422ToGray_8u_C2C1R(const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
                                                 TolkSize roi);
+
+/* ==== XYZ ==== */
+
+/** Linear RGB to and from CIE XYZ, of 8, 16 and 32-bit samples.
+ *
+ * The matrices are those of linear light with the primaries of ITU-R BT.709 and a D65 white; no transfer curve is
+ * applied. RGB is R, G, B and XYZ is X, Y, Z in channels 0, 1 and 2; the fourth channel of an AC4 source is not used,
+ * that of the destination is left as it was. Black is 0 and white the largest integer or 1.0, in 16s -32768 and 32767:
+ * there 32768 is added to each sample first and taken off each result, and zeros are a middle gray.
+ *
+ * Of the rows of a matrix the first gives X or R, and the columns stand for R, G, B or X, Y, Z:
+ *
+ * - to XYZ: 0.412453 0.35758 0.180423, 0.212671 0.71516 0.072169, 0.019334 0.119193 0.950227
+ * - to RGB: 3.240479 -1.53715 -0.498535, -0.969256 1.875991 0.041556, 0.055648 -0.204043 1.057311
+ *
+ * 8u: a result is a sum of the three products with integers, divided with rounding toward minus infinity and limited to
+ * 0..255. The block columns are `width & ~7`, of AC4 `width & ~3`. The two differ: the Y of white is
+ * 255 in a block and 254 in the tail.
+ *
+ * - to XYZ, block: 13515 11717 5912, 6969 23434 2365, 634 3906 31137, divided by 32768
+ * - to XYZ, tail: 27030 23434 11824, 13937 46868 4729, 1267 7811 62274, divided by 65536
+ * - to RGB, block: 26546 -12591 -4083, -7939 15368 340, 456 -1671 8661, divided by 8192
+ * - to RGB, tail: 212368 -100738 -32671, -63521 122944 2723, 3646 -13372 69291, divided by 65536
+ *
+ * 16u, 16s, 32f: v = (m0 * c0 + m1 * c1) + m2 * c2 in single precision, each operation rounded on its own, with the
+ * decimals above as single precision holds them.
+ *
+ * - 16u, 16s: v is cut toward zero and limited to 0..65535
+ * - 32f to XYZ: X and Y are not limited. Z is +0 for a v that is not above 0, as one that is not a number, and 1.0 for
+ *   a v above 1.0, as that of white.
+ * - 32f to RGB: +0 for a v below 0 and 1.0 for a v above 1.0; -0 and a v that is not a number stay. As in X and Y, the
+ *   sign and payload of a result that is not a number are not defined.
+ *
+ * A round trip need not give the source back. Any width and height from 1. Steps are not tested.
+ *
+ * Returns tolkStatusOk; tolkStatusNullPointer for a null src or dst; tolkStatusBadSize for a width or height under 1.
+ * Pointers are tested first, then the size.
+ */
+/** 8u of three channels: blocks of eight, then the tail. */
+TOLK_API TolkStatus tolkRGBToXYZ_8u_C3R(const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                        TolkSize roi);
+/** 8u of four channels: blocks of four, then the tail. */
+TOLK_API TolkStatus tolkRGBToXYZ_8u_AC4R(const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                         TolkSize roi);
+/** 16u of three channels: cut toward zero. */
+TOLK_API TolkStatus tolkRGBToXYZ_16u_C3R(const uint16_t* src, int32_t srcStep, uint16_t* dst, int32_t dstStep,
+                                         TolkSize roi);
+/** 16u of four channels: cut toward zero. */
+TOLK_API TolkStatus tolkRGBToXYZ_16u_AC4R(const uint16_t* src, int32_t srcStep, uint16_t* dst, int32_t dstStep,
+                                          TolkSize roi);
+/** 16s of three channels: cut toward zero, less 32768. */
+TOLK_API TolkStatus tolkRGBToXYZ_16s_C3R(const int16_t* src, int32_t srcStep, int16_t* dst, int32_t dstStep,
+                                         TolkSize roi);
+/** 16s of four channels: cut toward zero, less 32768. */
+TOLK_API TolkStatus tolkRGBToXYZ_16s_AC4R(const int16_t* src, int32_t srcStep, int16_t* dst, int32_t dstStep,
+                                          TolkSize roi);
+/** 32f of three channels: Z limited to 0..1. */
+TOLK_API TolkStatus tolkRGBToXYZ_32f_C3R(const float* src, int32_t srcStep, float* dst, int32_t dstStep, TolkSize roi);
+/** 32f of four channels: Z limited to 0..1. */
+TOLK_API TolkStatus tolkRGBToXYZ_32f_AC4R(const float* src, int32_t srcStep, float* dst, int32_t dstStep, TolkSize roi);
+/** 8u of three channels: blocks of eight, then the tail. */
+TOLK_API TolkStatus tolkXYZToRGB_8u_C3R(const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                        TolkSize roi);
+/** 8u of four channels: blocks of four, then the tail. */
+TOLK_API TolkStatus tolkXYZToRGB_8u_AC4R(const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                         TolkSize roi);
+/** 16u of three channels: cut toward zero. */
+TOLK_API TolkStatus tolkXYZToRGB_16u_C3R(const uint16_t* src, int32_t srcStep, uint16_t* dst, int32_t dstStep,
+                                         TolkSize roi);
+/** 16u of four channels: cut toward zero. */
+TOLK_API TolkStatus tolkXYZToRGB_16u_AC4R(const uint16_t* src, int32_t srcStep, uint16_t* dst, int32_t dstStep,
+                                          TolkSize roi);
+/** 16s of three channels: cut toward zero, less 32768. */
+TOLK_API TolkStatus tolkXYZToRGB_16s_C3R(const int16_t* src, int32_t srcStep, int16_t* dst, int32_t dstStep,
+                                         TolkSize roi);
+/** 16s of four channels: cut toward zero, less 32768. */
+TOLK_API TolkStatus tolkXYZToRGB_16s_AC4R(const int16_t* src, int32_t srcStep, int16_t* dst, int32_t dstStep,
+                                          TolkSize roi);
+/** 32f of three channels: all limited to 0..1. */
+TOLK_API TolkStatus tolkXYZToRGB_32f_C3R(const float* src, int32_t srcStep, float* dst, int32_t dstStep, TolkSize roi);
+/** 32f of four channels: all limited to 0..1. */
+TOLK_API TolkStatus tolkXYZToRGB_32f_AC4R(const float* src, int32_t srcStep, float* dst, int32_t dstStep, TolkSize roi);
+
+/* ==== HLS ==== */
+
+/** RGB and BGR to and from hue, lightness and saturation, of 8, 16 and 32-bit samples.
+ *
+ * R, G, B, or B, G, R in the functions with BGR in their name, and H, L, S are channels or planes in that order; one
+ * step serves all planes of a side. H stands for an angle h in degrees, from red at 0 by green at 120 and blue at 240:
+ *
+ * - 8u: H is h * 0.7083333, that is 255 / 360; L and S are 0..255
+ * - 16u: H is h * 182.04167, that is 65535 / 360; L and S are 0..65535
+ * - 16s: every sample of 16u minus 32768, in RGB too: 32768 is added to each sample before the rules of 16u, and taken
+ *   off each result
+ * - 32f: H is h / 360; L and S are 0..1, and so are R, G and B. Nothing is limited: samples beyond give results beyond.
+ *
+ * All is calculated in single precision, each operation rounded on its own, from left to right where no parentheses
+ * stand, and constants are the single-precision numbers nearest the decimals given. cut() rounds toward zero. Columns
+ * below `width & ~3` of a row are its first ones, the others its last ones, where a rule differs.
+ *
+ * To HLS, with mx and mn the largest and the smallest of R, G, B, sum = mn + mx and d = mx - mn:
+ *
+ * - h = ((G - B) * 60) / d if mx is R, else ((B - R) * 60) / d + 120 if mx is G, else ((R - G) * 60) / d + 240; 360 is
+ *   added, once, to an h below 0. In the integer types "/ d" is "* recip(d)", a product with a refined estimate.
+ * - 8u: d of 0 gives H = 0, S = 0; otherwise H = cut(h * 0.7083333) and S = cut((recip(den) * d) * 255), where den is
+ *   sum if sum * 0.5 is 127.5 or below, else 510 - sum. L = cut(sum * 0.5): black and (0, 0, 1) alike have L = 0. In
+ *   the first columns the functions with BGR in their name use the raw estimate of 1 / den, not the refined one.
+ * - 16u: as 8u with H = cut(h * 182.04167), S = cut((recip(den) * d) * 65535), and den 131070 - sum where sum * 0.5 is
+ *   above 32767.5; results are limited to 0..65535
+ * - 32f: d of 1.1920929e-7 or below gives H = 0, S = 0; otherwise H = h * 0.0027777778, and S = d / sum if L is 0.5 or
+ *   below, else d / (2 - sum). L = sum * 0.5. Quotients are true ones, correctly rounded.
+ *
+ * The estimate. The raw estimate r0 of 1 / d is that of the processor's instruction rcpps, and the refined one is
+ * recip(d) = (r0 + r0) - (d * r0) * r0. Processors of different makers have different estimates, so that the results of
+ * tolkRGBToHLS_8u, tolkRGBToHLS_16u, tolkRGBToHLS_16s and tolkBGRToHLS_8u, and of no other function here, may differ
+ * from one to another; on one processor they are always the same. The raw estimate is within 1.5 * 2^-12 of 1 / d,
+ * relatively, and the refined one within 2^-21, so that H and S each differ by at most 1 from what the quotient rounded
+ * to single precision gives; L never does. It happens where the quotient is at or next to an integer: pure red has
+ * S = 255 or 254.
+ *
+ * From HLS:
+ *
+ * - 32f: h = H * 360. 8u: h = H * 1.4117647, and L and S are the samples times 0.003921569. 16u: h = H * 0.005493248,
+ *   and L and S are the samples times 1.5259022e-5.
+ * - S of 0: R = G = B = L. Otherwise m2 = S * L + L if L is 0.5 or below, else (S + L) - S * L; m1 = (L + L) - m2.
+ * - each channel has a hue a: R h + 120, which above 360 becomes (h + 120) - 360 in the first columns and h - 240 in
+ *   the last; G h; B h - 120, which below 0 becomes (h - 120) + 360 in the first columns and h + 240 in the last
+ * - a channel is f * (m2 - m1) + m1 with f = a * 0.016666668 if a is below 60; m2 if a is below 180;
+ *   f * (m2 - m1) + m1 with f = (240 - a) * 0.016666668 if a is below 240; else m1
+ * - 32f, last columns: m2 = (S + 1) * L if L is 0.5 or below; in place of (240 - a) * 0.016666668 the factor is
+ *   a * -0.016666668 + 4; and those of G are H * 6.0000005 and H * -6.0000005 + 4
+ * - 8u: the result is cut(channel * 255), limited to 0..255
+ * - 16u: the result is cut(channel * 32767.5), at most 32767, then doubled: all results are even, at most 65534
+ * - 16s: the result, before 32768 is taken off it, is cut(channel * 65535 + 0.49998999): nothing is doubled
+ *
+ * Of samples that are not numbers the results of 32f are not defined.
+ *
+ * The fourth channel of an AC4 destination is left as it was, except where a function says otherwise.
+ *
+ * Any width and height from 1. tolkRGBToHLS and tolkHLSToRGB do not test steps; the others want them from 1.
+ *
+ * Returns tolkStatusOk; tolkStatusNullPointer for a null src, dst or plane; tolkStatusBadSize for a width or height
+ * under 1; tolkStatusBadStep for a step under 1 where steps are tested. Pointers and planes are tested first, then the
+ * size; of the functions with BGR in their name tolkBGRToHLS_8u_AC4R tests the size before the steps, all others the
+ * steps before the size.
+ */
+/** 8u of three channels, by the estimate. */
+TOLK_API TolkStatus tolkRGBToHLS_8u_C3R(const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                        TolkSize roi);
+/** 8u of four channels, by the estimate. */
+TOLK_API TolkStatus tolkRGBToHLS_8u_AC4R(const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                         TolkSize roi);
+/** 16u of three channels, by the estimate. */
+TOLK_API TolkStatus tolkRGBToHLS_16u_C3R(const uint16_t* src, int32_t srcStep, uint16_t* dst, int32_t dstStep,
+                                         TolkSize roi);
+/** 16u of four channels, by the estimate. */
+TOLK_API TolkStatus tolkRGBToHLS_16u_AC4R(const uint16_t* src, int32_t srcStep, uint16_t* dst, int32_t dstStep,
+                                          TolkSize roi);
+/** 16s of three channels, by the estimate. */
+TOLK_API TolkStatus tolkRGBToHLS_16s_C3R(const int16_t* src, int32_t srcStep, int16_t* dst, int32_t dstStep,
+                                         TolkSize roi);
+/** 16s of four channels, by the estimate. */
+TOLK_API TolkStatus tolkRGBToHLS_16s_AC4R(const int16_t* src, int32_t srcStep, int16_t* dst, int32_t dstStep,
+                                          TolkSize roi);
+/** 32f of three channels. */
+TOLK_API TolkStatus tolkRGBToHLS_32f_C3R(const float* src, int32_t srcStep, float* dst, int32_t dstStep, TolkSize roi);
+/** 32f of four channels. */
+TOLK_API TolkStatus tolkRGBToHLS_32f_AC4R(const float* src, int32_t srcStep, float* dst, int32_t dstStep, TolkSize roi);
+/** 8u of three channels. */
+TOLK_API TolkStatus tolkHLSToRGB_8u_C3R(const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                        TolkSize roi);
+/** 8u of four channels. */
+TOLK_API TolkStatus tolkHLSToRGB_8u_AC4R(const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                         TolkSize roi);
+/** 16u of three channels: even results. */
+TOLK_API TolkStatus tolkHLSToRGB_16u_C3R(const uint16_t* src, int32_t srcStep, uint16_t* dst, int32_t dstStep,
+                                         TolkSize roi);
+/** 16u of four channels: even results. */
+TOLK_API TolkStatus tolkHLSToRGB_16u_AC4R(const uint16_t* src, int32_t srcStep, uint16_t* dst, int32_t dstStep,
+                                          TolkSize roi);
+/** 16s of three channels. */
+TOLK_API TolkStatus tolkHLSToRGB_16s_C3R(const int16_t* src, int32_t srcStep, int16_t* dst, int32_t dstStep,
+                                         TolkSize roi);
+/** 16s of four channels. */
+TOLK_API TolkStatus tolkHLSToRGB_16s_AC4R(const int16_t* src, int32_t srcStep, int16_t* dst, int32_t dstStep,
+                                          TolkSize roi);
+/** 32f of three channels. */
+TOLK_API TolkStatus tolkHLSToRGB_32f_C3R(const float* src, int32_t srcStep, float* dst, int32_t dstStep, TolkSize roi);
+/** 32f of four channels. */
+TOLK_API TolkStatus tolkHLSToRGB_32f_AC4R(const float* src, int32_t srcStep, float* dst, int32_t dstStep, TolkSize roi);
+/** Four channels to four channels; alpha is copied, and the size is tested before the steps. */
+TOLK_API TolkStatus tolkBGRToHLS_8u_AC4R(const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                         TolkSize roi);
+/** Three channels to planes H, L, S. */
+TOLK_API TolkStatus tolkBGRToHLS_8u_C3P3R(const uint8_t* src, int32_t srcStep, uint8_t* const dst[3], int32_t dstStep,
+                                          TolkSize roi);
+/** Planes B, G, R to three channels. */
+TOLK_API TolkStatus tolkBGRToHLS_8u_P3C3R(const uint8_t* const src[3], int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                          TolkSize roi);
+/** Planes B, G, R to planes H, L, S. */
+TOLK_API TolkStatus tolkBGRToHLS_8u_P3R(const uint8_t* const src[3], int32_t srcStep, uint8_t* const dst[3],
+                                        int32_t dstStep, TolkSize roi);
+/** Four channels to planes H, L, S, alpha; alpha is copied. */
+TOLK_API TolkStatus tolkBGRToHLS_8u_AC4P4R(const uint8_t* src, int32_t srcStep, uint8_t* const dst[4], int32_t dstStep,
+                                           TolkSize roi);
+/** Planes B, G, R, alpha to four channels; alpha is copied. */
+TOLK_API TolkStatus tolkBGRToHLS_8u_AP4C4R(const uint8_t* const src[4], int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                           TolkSize roi);
+/** Planes B, G, R, alpha to planes H, L, S, alpha; alpha is copied. */
+TOLK_API TolkStatus tolkBGRToHLS_8u_AP4R(const uint8_t* const src[4], int32_t srcStep, uint8_t* const dst[4],
+                                         int32_t dstStep, TolkSize roi);
+/** Three channels to planes B, G, R. */
+TOLK_API TolkStatus tolkHLSToBGR_8u_C3P3R(const uint8_t* src, int32_t srcStep, uint8_t* const dst[3], int32_t dstStep,
+                                          TolkSize roi);
+/** Planes H, L, S to three channels. */
+TOLK_API TolkStatus tolkHLSToBGR_8u_P3C3R(const uint8_t* const src[3], int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                          TolkSize roi);
+/** Planes H, L, S to planes B, G, R. */
+TOLK_API TolkStatus tolkHLSToBGR_8u_P3R(const uint8_t* const src[3], int32_t srcStep, uint8_t* const dst[3],
+                                        int32_t dstStep, TolkSize roi);
+/** Four channels to planes B, G, R, alpha; alpha is copied. */
+TOLK_API TolkStatus tolkHLSToBGR_8u_AC4P4R(const uint8_t* src, int32_t srcStep, uint8_t* const dst[4], int32_t dstStep,
+                                           TolkSize roi);
+/** Planes H, L, S, alpha to four channels; alpha is copied. */
+TOLK_API TolkStatus tolkHLSToBGR_8u_AP4C4R(const uint8_t* const src[4], int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                           TolkSize roi);
+/** Planes H, L, S, alpha to planes B, G, R, alpha; alpha is copied. */
+TOLK_API TolkStatus tolkHLSToBGR_8u_AP4R(const uint8_t* const src[4], int32_t srcStep, uint8_t* const dst[4],
+                                         int32_t dstStep, TolkSize roi);
+
+/* ==== HSV ==== */
+
+/** RGB to and from hue, saturation and value, of 8 and 16-bit samples.
+ *
+ * R, G, B and H, S, V are channels 0, 1 and 2. H stands for a place p on six sectors, from red at 0 by green at 2 and
+ * blue at 4: H is p * 42.5 in 8u and p * 10922.5 in 16u, so that the largest sample means red again. S is 0..255 or
+ * 0..65535, and V is the largest of R, G, B.
+ *
+ * Apart from the differences of samples all is calculated in single precision, each operation rounded on its own, from
+ * left to right where no parentheses stand, and constants are the single-precision numbers nearest the decimals given.
+ * cut() rounds toward zero, round() to the nearest integer, ties to even.
+ *
+ * To HSV, with mx and mn the largest and the smallest of R, G, B and d = mx - mn: d of 0 gives H = 0, S = 0. Otherwise,
+ * of three rules for p whose condition holds the last one counts: blue goes before green, and green before red.
+ *
+ * - 8u: S = round((e(mx) * d) * 255), a = e(d) * (mx - R), b = e(d) * (mx - G), c = e(d) * (mx - B); p = c - b if R is
+ *   mx, (a - c) + 2 if G is mx, (b - a) + 4 if B is mx. H = round(p * 42.5), or round(p * 42.5 + 255) if p is below 0.
+ * - 16u: S = cut((d * 65535) / mx + 0.5); with r = 1 / d, a = (mx - R) * r, b = (mx - G) * r, c = (mx - B) * r;
+ *   p = c - b if R is mx, (a + 2) - c if G is mx, (b + 4) - a if B is mx. 6 is added to p if p + 1.1920929e-7 is below
+ *   0. H = cut(p * 10922.5 + 0.5). Quotients are true ones, correctly rounded.
+ *
+ * The estimate. e(t) is the estimate of 1 / t by the processor's instruction rcpps, as it comes. Processors of
+ * different makers have different estimates, so that H and S of tolkRGBToHSV_8u, and of no other function here, may
+ * differ from one to another; on one processor they are always the same. The estimate is within 1.5 * 2^-12 of 1 / t,
+ * relatively, so that H and S each differ by at most 1 from what the quotient rounded to single precision gives; V
+ * never does.
+ *
+ * From HSV: S of 0 gives R = G = B = V. Otherwise, with V as a number v:
+ *
+ * - 8u: p = (H * 0.016666668) * 1.4117647, or 0 for H = 255; s = S * 0.003921569
+ * - 16u: p = (H * 0.016666668) * 0.005493248, or 0 for H = 65535; s = S * 1.5259022e-5
+ * - n = cut(p), f = p - n, sv = s * v; P = round(v - sv), Q = round(v - sv * f), T = round(sv * f + (v - sv))
+ * - R, G, B are V, T, P for n = 0; Q, V, P for 1; P, V, T for 2; P, Q, V for 3; T, P, V for 4; V, P, Q for 5
+ *
+ * The fourth channel of an AC4 destination is left as it was.
+ *
+ * Any width and height from 1. Steps are not tested.
+ *
+ * Returns tolkStatusOk; tolkStatusNullPointer for a null src or dst; tolkStatusBadSize for a width or height under 1.
+ * Pointers are tested first, then the size.
+ */
+/** 8u of three channels, by the estimate. */
+TOLK_API TolkStatus tolkRGBToHSV_8u_C3R(const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                        TolkSize roi);
+/** 8u of four channels, by the estimate. */
+TOLK_API TolkStatus tolkRGBToHSV_8u_AC4R(const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                         TolkSize roi);
+/** 16u of three channels. */
+TOLK_API TolkStatus tolkRGBToHSV_16u_C3R(const uint16_t* src, int32_t srcStep, uint16_t* dst, int32_t dstStep,
+                                         TolkSize roi);
+/** 16u of four channels. */
+TOLK_API TolkStatus tolkRGBToHSV_16u_AC4R(const uint16_t* src, int32_t srcStep, uint16_t* dst, int32_t dstStep,
+                                          TolkSize roi);
+/** 8u of three channels. */
+TOLK_API TolkStatus tolkHSVToRGB_8u_C3R(const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                        TolkSize roi);
+/** 8u of four channels. */
+TOLK_API TolkStatus tolkHSVToRGB_8u_AC4R(const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                         TolkSize roi);
+/** 16u of three channels. */
+TOLK_API TolkStatus tolkHSVToRGB_16u_C3R(const uint16_t* src, int32_t srcStep, uint16_t* dst, int32_t dstStep,
+                                         TolkSize roi);
+/** 16u of four channels. */
+TOLK_API TolkStatus tolkHSVToRGB_16u_AC4R(const uint16_t* src, int32_t srcStep, uint16_t* dst, int32_t dstStep,
+                                          TolkSize roi);
+
+/* ==== PhotoYCC ==== */
+
+/** RGB to and from PhotoYCC, of 8, 16 and 32-bit samples.
+ *
+ * PhotoYCC has luma Y with the weights of ITU-R BT.601, divided by 1.402, and the chroma signals C1, of blue, about
+ * 156 / 255, and C2, of red, about 137 / 255. RGB is R, G, B and YCC is Y, C1, C2 in channels 0, 1 and 2; the fourth
+ * channel of an AC4 source is not used, that of the destination is left as it was. Black is 0 and white the largest
+ * integer or 1.0, in 16s -32768 and 32767: there 32768 is added to each sample first and taken off each result.
+ *
+ * Float arithmetic is single precision with each operation rounded on its own and the decimals as single precision
+ * holds them; sums go left to right, parentheses first. Divisions round toward minus infinity, and
+ * h(a, c) = a * c / 65536. Block columns are `width & ~3`, in 8u of C3 `width & ~7`; block and tail may differ by one.
+ *
+ * - 32f to YCC: w = (R * 0.299 + G * 0.587) + B * 0.114, Y = w * 0.7132668, C1 = (B - w) * 0.4368627 + 0.6117647,
+ *   C2 = (R - w) * 0.53192 + 0.5372549; not limited
+ * - 32f to RGB: l = Y * 1.3584, p = C1 * 2.2179 - 1.356833, q = C2 * 1.8215 - 0.9786098; R = q + l,
+ *   G = (p * -0.194 + l) + q * -0.509, B = l + p; then +0 for a value below 0 and 1.0 for one above 1.0, while -0 and
+ *   a value that is not a number stay
+ * - 8u to YCC, block: s = R * 4898 / 256 + G * 9617 / 256 + B * 1867 / 256, Y = h(s, 2921) / 4,
+ *   C1 = (h(B * 64 - s, 1789) + 624) / 4, C2 = (h(R * 64 - s, 2178) + 548) / 4
+ * - 8u to YCC, tail: s = R * 4898 + G * 9617 + B * 1867, Y = h(s / 1024, 2921),
+ *   C1 = h((B * 16384 - s) / 1024, 1789) + 156, C2 = h((R * 16384 - s) / 1024, 2178) + 137
+ * - 8u to RGB, block: a = Y * 5563 / 256, t1 = h((C1 - 156) * 128, 18168), t2 = h((C2 - 137) * 128, 14921);
+ *   R = (a + t2) / 16, G = (a / 2 + h(t1, -6357) + h(t2, -16679)) / 8, B = (a + t1) / 16; limited to 0..255
+ * - 8u to RGB, tail: c1 = C1 * 9084 - 1417104, c2 = C2 * 7460 - 1022020; R = (Y * 5564 + c2) / 4096,
+ *   G = (c2 / 256 * -2084 + c1 / 256 * -794 + Y * 89024) / 65536, B = (Y * 5564 + c1) / 4096; limited to 0..255
+ * - 16u, 16s to YCC, block: w = B * 0.114 + (G * 0.587 + R * 0.299), Y = w * 0.7132668,
+ *   C1 = (B - w) * 0.4368627 + 40092, C2 = (R - w) * 0.5319216 + 35209; rounded, ties to even, limited to 0..65535
+ * - 16u, 16s to YCC, tail, cut toward zero: Y = (R * 0.213267 + 0.49999) + (B * 0.0813124 + G * 0.418688),
+ *   C1 = (R * -0.130621 + 40092.5) + (B * 0.387058 + G * -0.256437),
+ *   C2 = (R * 0.372876 + 35209.5) + (B * -0.0606389 + G * -0.312237)
+ * - 16u, 16s to RGB, block: l = Y * 1.3584, p = (C1 - 40092) * 2.2179, q = (C2 - 35209) * 1.8215; R = l + q,
+ *   G = l + p * -0.194 + q * -0.509, B = l + p; in 16u rounded, ties to even, in 16s cut toward zero; limited to
+ *   0..65535
+ * - 16u, 16s to RGB, tail: l = Y * 1.3584 + 0.49999, R = l + (C2 - 35209) * 1.8215,
+ *   G = ((C1 - 40092) * -0.4302726 + l) + (C2 - 35209) * -0.92714345, B = l + (C1 - 40092) * 2.2179; cut toward zero,
+ *   limited to 0..65535
+ *
+ * The sign and payload of a result that is not a number are not defined. Any width and height from 1. Steps are not
+ * tested.
+ *
+ * Returns tolkStatusOk; tolkStatusNullPointer for a null src or dst; tolkStatusBadSize for a width or height under 1.
+ * Pointers are tested first, then the size.
+ */
+/** 8u of three channels: blocks of eight, then the tail. */
+TOLK_API TolkStatus tolkRGBToYCC_8u_C3R(const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                        TolkSize roi);
+/** 8u of four channels: blocks of four, then the tail. */
+TOLK_API TolkStatus tolkRGBToYCC_8u_AC4R(const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                         TolkSize roi);
+/** 16u of three channels: blocks of four, rounded; then the tail, cut. */
+TOLK_API TolkStatus tolkRGBToYCC_16u_C3R(const uint16_t* src, int32_t srcStep, uint16_t* dst, int32_t dstStep,
+                                         TolkSize roi);
+/** 16u of four channels: blocks of four, rounded; then the tail, cut. */
+TOLK_API TolkStatus tolkRGBToYCC_16u_AC4R(const uint16_t* src, int32_t srcStep, uint16_t* dst, int32_t dstStep,
+                                          TolkSize roi);
+/** 16s of three channels: blocks of four, rounded; then the tail, cut. */
+TOLK_API TolkStatus tolkRGBToYCC_16s_C3R(const int16_t* src, int32_t srcStep, int16_t* dst, int32_t dstStep,
+                                         TolkSize roi);
+/** 16s of four channels: blocks of four, rounded; then the tail, cut. */
+TOLK_API TolkStatus tolkRGBToYCC_16s_AC4R(const int16_t* src, int32_t srcStep, int16_t* dst, int32_t dstStep,
+                                          TolkSize roi);
+/** 32f of three channels: not limited. */
+TOLK_API TolkStatus tolkRGBToYCC_32f_C3R(const float* src, int32_t srcStep, float* dst, int32_t dstStep, TolkSize roi);
+/** 32f of four channels: not limited. */
+TOLK_API TolkStatus tolkRGBToYCC_32f_AC4R(const float* src, int32_t srcStep, float* dst, int32_t dstStep, TolkSize roi);
+/** 8u of three channels: blocks of eight, then the tail. */
+TOLK_API TolkStatus tolkYCCToRGB_8u_C3R(const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                        TolkSize roi);
+/** 8u of four channels: blocks of four, then the tail. */
+TOLK_API TolkStatus tolkYCCToRGB_8u_AC4R(const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                         TolkSize roi);
+/** 16u of three channels: blocks of four, rounded; then the tail, cut. */
+TOLK_API TolkStatus tolkYCCToRGB_16u_C3R(const uint16_t* src, int32_t srcStep, uint16_t* dst, int32_t dstStep,
+                                         TolkSize roi);
+/** 16u of four channels: blocks of four, rounded; then the tail, cut. */
+TOLK_API TolkStatus tolkYCCToRGB_16u_AC4R(const uint16_t* src, int32_t srcStep, uint16_t* dst, int32_t dstStep,
+                                          TolkSize roi);
+/** 16s of three channels: blocks of four, cut; then the tail, cut. */
+TOLK_API TolkStatus tolkYCCToRGB_16s_C3R(const int16_t* src, int32_t srcStep, int16_t* dst, int32_t dstStep,
+                                         TolkSize roi);
+/** 16s of four channels: blocks of four, cut; then the tail, cut. */
+TOLK_API TolkStatus tolkYCCToRGB_16s_AC4R(const int16_t* src, int32_t srcStep, int16_t* dst, int32_t dstStep,
+                                          TolkSize roi);
+/** 32f of three channels: limited to 0..1. */
+TOLK_API TolkStatus tolkYCCToRGB_32f_C3R(const float* src, int32_t srcStep, float* dst, int32_t dstStep, TolkSize roi);
+/** 32f of four channels: limited to 0..1. */
+TOLK_API TolkStatus tolkYCCToRGB_32f_AC4R(const float* src, int32_t srcStep, float* dst, int32_t dstStep, TolkSize roi);
 
 #ifdef __cplusplus
 }

@@ -31,6 +31,11 @@ LANE_OP Reg<T, L> operator/(Reg<T, L> a, Reg<T, L> b) {
   return Reg<T, L>::of(a.v / b.v);
 }
 
+template <std::floating_point T, int L>
+LANE_OP Reg<T, L> operator/(std::type_identity_t<T> a, Reg<T, L> b) {
+  return Reg<T, L>::splat(a) / b;
+}
+
 // ---- Comparisons give masks: of lanes one sample wide, of single numbers a bool. None holds for a NaN. ----
 
 template <int L>
@@ -58,8 +63,8 @@ LANE_OP I32<L> operator<=(F32<L> a, float b) {
   return a <= F32<L>::splat(b);
 }
 template <int L>
-LANE_OP I32<L> operator==(I32<L> a, int b) {
-  return I32<L>::of(a.v == I32<L>::splat(b).v);
+LANE_OP I32<L> operator>(F32<L> a, float b) {
+  return F32<L>::splat(b) < a;
 }
 template <int L>
 LANE_OP F32<L> choose(I32<L> mask, F32<L> a, float b) {

@@ -108,6 +108,7 @@ LANE_OP I16<L> asSigned(U16<L> a) {
   return as<int16_t>(a);
 }
 constexpr int asSigned(int a) { return static_cast<int16_t>(a); }
+constexpr Range asSigned(Range a) { return a.signed16(); }
 
 // a * c / 65536.
 template <int L>

@@ -29,6 +29,9 @@ inline TolkStatus pointer(const void* p) { return p ? tolkStatusOk : tolkStatusN
 inline TolkStatus size(TolkSize roi, int32_t minWidth = 1, int32_t minHeight = 1) {
   return roi.width < minWidth || roi.height < minHeight ? tolkStatusBadSize : tolkStatusOk;
 }
+inline TolkStatus steps(int32_t srcStep, int32_t dstStep) {
+  return srcStep < 1 || dstStep < 1 ? tolkStatusBadStep : tolkStatusOk;
+}
 // The array and every plane of it.
 template <typename Sample>
 TolkStatus planes(Sample* const* array, int count = 3) {

@@ -1,40 +1,24 @@
 // Gray values worked out by hand, in the library and in the reference, from three and from four channels.
-#include <algorithm>
 #include <cstring>
 #include <limits>
 
-#include "harness/compare.h"
+#include "spaces/known_values.h"
 
 namespace {
 
 using Coeffs = std::optional<std::array<double, 3>>;
-template <class Sample>
-using Pixels = std::vector<std::array<Sample, 3>>;
+using known::Pixels;
 
 // Expects `want` of one row by "tolkColorToGray_" + type, or by tolkRGBToGray_ too where coeffs is missing.
 template <class Sample>
 void expectGray(const std::string& type, const Pixels<Sample>& row, const Coeffs& coeffs,
                 const std::vector<Sample>& want, std::initializer_list<int> channelCounts = {3, 4}) {
+  Pixels<Sample, 1> grays;
+  for (const Sample gray : want) grays.push_back({gray});
   for (const char* operation : {"tolkColorToGray_", "tolkRGBToGray_"})
-    for (const int channels : channelCounts) {
-      if (operation[4] == 'R' && (coeffs || type == "64f")) continue;
-      const std::string name = operation + type + (channels == 3 ? "_C3C1R" : "_AC4C1R");
-      const harness::Subject& subject = harness::subject(name);
-      for (void* function : {subject.tested, subject.expected}) {
-        std::vector<Sample> src(row.size() * static_cast<size_t>(channels), Sample{99}), dst(row.size());
-        for (size_t x = 0; x < row.size(); ++x)
-          std::ranges::copy(row[x], src.begin() + static_cast<int64_t>(x) * channels);
-        tolk::Call call;
-        call.roi = {static_cast<int32_t>(row.size()), 1};
-        call.coeffs = coeffs;
-        call.src.plane[0] = src.data();
-        call.dst.plane[0] = dst.data();
-        ASSERT_EQ(subject.function->invoke(function, call), tolkStatusOk);
-        for (size_t x = 0; x < row.size(); ++x)
-          EXPECT_EQ(dst[x], want[x]) << name << (function == subject.tested ? "" : " (reference)") << ", column " << x
-                                     << ", channel 0 " << +row[x][0];
-      }
-    }
+    for (const int channels : channelCounts)
+      if (operation[4] == 'C' || (!coeffs && type != "64f"))
+        known::expectRow(operation + type + (channels == 3 ? "_C3C1R" : "_AC4C1R"), row, grays, coeffs);
 }
 
 constexpr Coeffs kNone;

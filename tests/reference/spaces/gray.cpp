@@ -58,13 +58,6 @@ Integer q15(float weight) {
   return std::fabs(scaled) < 0x1p40 ? static_cast<Integer>(scaled) & 0xFFFF : 0;
 }
 
-template <typename Number>
-Number weightedSum(const Three<Number>& p, const Three<Number>& w) {
-  const Number r = p[0] * w[0], g = p[1] * w[1], b = p[2] * w[2];
-  const Number sum = r + g;
-  return sum + b;
-}
-
 Integer nearest(float v) {
   const bool fits = v >= -0x1p31f && v < 0x1p31f;
   return fits ? static_cast<Integer>(std::nearbyint(v)) : std::numeric_limits<int32_t>::min();

@@ -30,8 +30,10 @@ struct Samples3 {
     std::memcpy(reinterpret_cast<char*>(first[channel]) + y * step + x * pixel, &value, sizeof value);
   }
   Three<Value> fetch(Integer x, Integer y) const { return {load(0, x, y), load(1, x, y), load(2, x, y)}; }
-  void store(Integer x, Integer y, const Three<Value>& samples) const {
-    for (unsigned channel = 0; channel < 3; ++channel) put(channel, x, y, samples[channel]);
+  // Of wider integers the low bits.
+  template <typename Number = Value>
+  void store(Integer x, Integer y, const Three<Number>& samples) const {
+    for (unsigned channel = 0; channel < 3; ++channel) put(channel, x, y, static_cast<Value>(samples[channel]));
   }
   void storeFourth(Integer x, Integer y, uint8_t value) const { put(3, x, y, static_cast<Value>(value)); }
 };
@@ -45,9 +47,35 @@ template <typename Sample>
 Samples3<Sample> interleavedReversed(int channels, Sample* p, Integer step) {
   return {{p + 2, p + 1, p, channels == 4 ? p + 3 : nullptr}, step, channels * static_cast<Integer>(sizeof(Sample))};
 }
+// A plane for each channel.
+template <typename Sample>
+Samples3<Sample> separate(int channels, Sample* const* p, Integer step) {
+  return {{p[0], p[1], p[2], channels == 4 ? p[3] : nullptr}, step, sizeof(Sample)};
+}
+template <typename Sample>
+Samples3<Sample> separateReversed(int channels, Sample* const* p, Integer step) {
+  return {{p[2], p[1], p[0], channels == 4 ? p[3] : nullptr}, step, sizeof(Sample)};
+}
 
 // Columns below `width & ~(block - 1)`.
 inline bool inBlock(Integer x, Integer width, Integer block) { return x < (width & ~(block - 1)); }
+
+// From and to interleaved pixels, after the usual tests; a fourth sample is left as it was.
+template <typename Sample, typename BlockForm, typename TailForm>
+[[gnu::always_inline]] inline TolkStatus convert(int channels, const Sample* src, int32_t srcStep, Sample* dst,
+                                                 int32_t dstStep, TolkSize roi, int block, BlockForm blockForm,
+                                                 TailForm tailForm) {
+  if (const auto fault = firstFault({pointer(src), pointer(dst), size(roi)})) return fault;
+  return walk(roi, interleaved(channels, src, srcStep), block, blockForm, tailForm,
+              interleaved(channels, dst, dstStep));
+}
+
+template <typename Number>
+Number weightedSum(const Three<Number>& p, const Three<Number>& w) {
+  const Number r = p[0] * w[0], g = p[1] * w[1], b = p[2] * w[2];
+  const Number sum = r + g;
+  return sum + b;
+}
 
 // The processor's estimate of 1 / d, to 12 bits, as it comes and after one Newton step.
 inline float estimate(float d) { return _mm_cvtss_f32(_mm_rcp_ss(_mm_set_ss(d))); }

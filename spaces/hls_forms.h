@@ -1,0 +1,150 @@
+// Formulas between RGB and hue, lightness, saturation.
+#pragma once
+
+#include "lanes/estimate.h"
+
+namespace tolk {
+
+// ---- Forward ----
+
+// Saturation's estimate as it comes, or refined.
+struct Raw {
+  LANE_OP static auto reciprocal(auto d) { return estimatedReciprocal(d); }
+};
+struct Refined {
+  LANE_OP static auto reciprocal(auto d) { return refinedReciprocal(d); }
+};
+
+// Integer samples: everything is cut. Grey pixels, black and white come out as 0 by the divisors' limit of 1.
+template <class Sample, class Saturation = Refined>
+struct HlsFromRgb {
+  static constexpr float kMost = std::numeric_limits<std::make_unsigned_t<Sample>>::max();
+  static constexpr float kHue = sizeof(Sample) == 1 ? 0.7083333F : 182.04167F;
+
+  LANE_OP auto operator()(auto R, auto G, auto B) const {
+    const auto mx = larger(larger(R, G), B), mn = smaller(smaller(R, G), B);
+    const auto sum = mn + mx, d = mx - mn;
+    const auto ofR = mx == R, ofG = mx == G;
+    const auto difference = choose(ofR, G - B, choose(ofG, B - R, R - G));
+    const auto h =
+        (difference * 60.0F) * refinedReciprocal(larger(d, 1.0F)) + choose(ofR, 0.0F, choose(ofG, 120.0F, 240.0F));
+    const auto H = choose(h < 0.0F, h + 360.0F, h) * kHue;
+    const auto den = larger(smaller(sum, 2 * kMost - sum), 1.0F);
+    const auto S = (Saturation::reciprocal(den) * d) * kMost;
+    return std::array{truncated(H), truncated(sum * 0.5F), truncated(S)};
+  }
+};
+
+// True divisions.
+struct HlsFromRgbFloat {
+  LANE_OP auto operator()(auto R, auto G, auto B) const {
+    const auto mx = larger(larger(R, G), B), mn = smaller(smaller(R, G), B);
+    const auto sum = mn + mx, d = mx - mn, L = sum * 0.5F;
+    const auto ofR = mx == R, ofG = mx == G, grey = d <= 1.1920929e-7F;
+    const auto sector = (choose(ofR, G - B, choose(ofG, B - R, R - G)) * 60.0F) / d;
+    const auto h = choose(ofR, sector, choose(ofG, sector + 120.0F, sector + 240.0F));
+    const auto H = choose(h < 0.0F, h + 360.0F, h) * 0.0027777778F;
+    const auto S = d / choose(L <= 0.5F, sum, 2.0F - sum);
+    return std::array{choose(grey, 0.0F, H), L, choose(grey, 0.0F, S)};
+  }
+};
+
+// ---- Inverse: each channel is a value of its own hue, the pixel's turned by a third ----
+
+// The first pixels of a row and the last ones turn in another order of operations.
+struct FirstHues {
+  LANE_OP static auto red(auto h) {
+    const auto turned = h + 120.0F;
+    return choose(turned > 360.0F, turned - 360.0F, turned);
+  }
+  LANE_OP static auto blue(auto h) {
+    const auto turned = h - 120.0F;
+    return choose(turned < 0.0F, turned + 360.0F, turned);
+  }
+};
+struct LastHues {
+  LANE_OP static auto red(auto h) {
+    const auto turned = h + 120.0F;
+    return choose(turned > 360.0F, h - 240.0F, turned);
+  }
+  LANE_OP static auto blue(auto h) {
+    const auto turned = h - 120.0F;
+    return choose(turned < 0.0F, h + 240.0F, turned);
+  }
+};
+
+// The least and the greatest value of the three channels.
+template <class Number>
+struct Values {
+  Number least, most;
+  LANE_OP auto at(auto hue, auto rising, auto falling) const {
+    const auto ramp = choose(hue < 60.0F, rising, falling) * (most - least) + least;
+    return choose(hue < 60.0F, ramp, choose(hue < 180.0F, most, choose(hue < 240.0F, ramp, least)));
+  }
+  LANE_OP auto at(auto hue) const { return at(hue, hue * 0.016666668F, (240.0F - hue) * 0.016666668F); }
+};
+LANE_OP auto valuesBelow(auto most, auto L) { return Values<decltype(most)>{(L + L) - most, most}; }
+
+// h in degrees, L and S in 0..1.
+template <class Hues>
+LANE_OP auto rgbFromHls(auto h, auto L, auto S) {
+  const auto values = valuesBelow(choose(L <= 0.5F, S * L + L, (S + L) - S * L), L);
+  const auto grey = S == 0.0F;
+  return std::array{choose(grey, L, values.at(Hues::red(h))), choose(grey, L, values.at(h)),
+                    choose(grey, L, values.at(Hues::blue(h)))};
+}
+
+struct RgbFromHlsFloatBlock {
+  LANE_OP auto operator()(auto H, auto L, auto S) const { return rgbFromHls<FirstHues>(H * 360.0F, L, S); }
+};
+struct RgbFromHlsFloatTail {
+  LANE_OP auto operator()(auto H, auto L, auto S) const {
+    const auto h = H * 360.0F, red = LastHues::red(h), blue = LastHues::blue(h);
+    const auto values = valuesBelow(choose(L <= 0.5F, (S + 1.0F) * L, (S + L) - S * L), L);
+    const auto grey = S == 0.0F;
+    auto turned = [&](auto hue) __attribute__((always_inline)) {
+      return values.at(hue, hue * 0.016666668F, hue * -0.016666668F + 4.0F);
+    };
+    return std::array{choose(grey, L, turned(red)),
+                      choose(grey, L, values.at(h, H * 6.0000005F, H * -6.0000005F + 4.0F)),
+                      choose(grey, L, turned(blue))};
+  }
+};
+
+template <class Sample, class Hues>
+struct RgbFromHls {
+  static constexpr float kHue = sizeof(Sample) == 1 ? 1.4117647F : 0.005493248F;
+  static constexpr float kUnit = sizeof(Sample) == 1 ? 0.003921569F : 1.5259022e-5F;
+
+  LANE_OP static auto stored(auto value) {
+    if constexpr (std::is_same_v<Sample, uint8_t>) {
+      return truncated(value * 255.0F);
+    } else if constexpr (std::is_same_v<Sample, int16_t>) {
+      return lowBits(truncated(value * 65535.0F + 0.49998999F));
+    } else {  // half of it, so that every sample is even
+      const auto half = truncated(smaller(value * 32767.5F, 32767.0F));
+      return half + half;
+    }
+  }
+  LANE_OP auto operator()(auto H, auto L, auto S) const {
+    const auto [R, G, B] = rgbFromHls<Hues>(H * kHue, L * kUnit, S * kUnit);
+    return std::array{stored(R), stored(G), stored(B)};
+  }
+};
+
+// Three channels through a form, the fourth as it is.
+template <class Form>
+struct WithAlpha {
+  template <int L>
+  LANE_OP auto operator()(I16<L> a, I16<L> b, I16<L> c, I16<L> alpha) const {
+    const auto three = form(a, b, c);
+    return std::array{three[0], three[1], three[2], ByteResult<L>{alpha}};
+  }
+  LANE_OP auto operator()(int a, int b, int c, int alpha) const {
+    const auto three = form(a, b, c);
+    return std::array{three[0], three[1], three[2], alpha};
+  }
+  Form form;
+};
+
+}  // namespace tolk
