@@ -14,8 +14,9 @@
 #include <cstdlib>
 #include <cstring>
 #include <map>
-#include <set>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "catalogue.h"
 #include "peers.h"
@@ -34,11 +35,35 @@ constexpr Implementation kImplementations[] = {
 #endif
 };
 
-// The images of a call: rows without slack, planes apart, in patches of one colour so that a peer that takes a chroma
-// group's first pixel for the whole agrees with one that takes the mean.
+// Bits that a predictor of branches learns nothing from.
+uint32_t scramble(uint32_t bits) {
+  bits = (bits ^ bits >> 16) * 0x7feb352du;
+  bits = (bits ^ bits >> 15) * 0x846ca68bu;
+  return bits ^ bits >> 16;
+}
+
+template <class T>
+void append(std::vector<uint8_t>& bytes, T value) {
+  const auto* first = reinterpret_cast<const uint8_t*>(&value);
+  bytes.insert(bytes.end(), first, first + sizeof value);
+}
+
+// Integers of the whole range, floats from 0 up to 1.
+void appendSample(std::vector<uint8_t>& bytes, std::string_view type, uint32_t bits) {
+  const float share = static_cast<float>(bits >> 8) * 0x1p-24f;
+  if (type == "64f") return append(bytes, static_cast<double>(share));
+  if (type == "32f") return append(bytes, share);
+  if (type == "32u") return append(bytes, bits);
+  tolk::sampleBits(type) == 16 ? append(bytes, static_cast<uint16_t>(bits)) : append(bytes, static_cast<uint8_t>(bits));
+}
+
+// The images of a call: rows without slack, planes apart, every sample on its own so that code that branches by the
+// data pays for it; beside subsampled chroma patches of one colour, so that a peer that takes a chroma group's first
+// pixel for the whole agrees with one that takes the mean.
 class Images {
  public:
   Images(const tolk::Function& function, TolkSize roi) {
+    inPatches = tolk::chromaGroup(function.src).across > 1 || tolk::chromaGroup(function.dst).across > 1;
     call.roi = roi;
     call.alpha = 255;
     sourceBytes = fill(function.src, call.src);
@@ -50,16 +75,20 @@ class Images {
   std::vector<std::vector<uint8_t>> planes;
 
  private:
+  bool inPatches;
+
   size_t fill(const tolk::SideInfo& info, tolk::Side& side) {
     size_t total = 0, plane = 0;
     for (const tolk::PlaneShape& shape : tolk::planeShapes(info, call.roi)) {
       const uint32_t period = shape.channels == 2 ? 4 : static_cast<uint32_t>(shape.channels);
+      const int64_t samples = shape.rowBytes * 8 / tolk::sampleBits(info.sample);
       std::vector<uint8_t>& bytes = planes.emplace_back();
       bytes.reserve(static_cast<size_t>(shape.rowBytes * shape.rows) + 64);  // peers write past the last row
       for (uint32_t y = 0; y < shape.rows; ++y) {
-        for (uint32_t x = 0; x < shape.rowBytes; ++x) {
+        for (uint32_t x = 0; x < samples; ++x) {
           const uint32_t patch = x / 48 * 5 + y / 16 * 1009, channel = static_cast<uint32_t>(plane) * 4 + x % period;
-          bytes.push_back(static_cast<uint8_t>((patch * 16 + channel) * 2654435761u >> 24));
+          const uint32_t sample = (y << 16 | x) * 4 + static_cast<uint32_t>(plane);
+          appendSample(bytes, info.sample, scramble(inPatches ? patch * 16 + channel : sample));
         }
       }
       side.plane[plane] = bytes.data();
@@ -112,15 +141,32 @@ void runCopy(benchmark::State& state, const tolk::Function& function, bool strea
   countPixels(state, roi);
 }
 
-// The mean distance of two results in the plane where it is largest, without the fourth byte that some leave as it was.
+template <class T>
+double valueAt(const std::vector<uint8_t>& bytes, size_t index) {
+  T value;
+  std::memcpy(&value, bytes.data() + index * sizeof value, sizeof value);
+  return value;
+}
+
+// A sample on the scale of 8-bit samples, floats limited to 0..1, as some of the libraries do. The peers have these
+// three types.
+double onByteScale(std::string_view type, const std::vector<uint8_t>& bytes, size_t index) {
+  if (type == "32f") return std::min(std::max(0.0, valueAt<float>(bytes, index)), 1.0) * 255;
+  if (type == "16u") return valueAt<uint16_t>(bytes, index) / 257;
+  return bytes[index];
+}
+
+// The mean distance of two results in the plane where it is largest, on the scale of 8-bit samples; without the fourth
+// channel, which some leave as it was.
 double distance(const tolk::Function& function, const Images& one, const Images& other) {
+  const std::string_view type = function.dst.sample;
   const bool fourth = function.dst.layout.ends_with("C4");
   double largest = 0;
   for (size_t plane = one.firstTarget; plane < one.planes.size(); ++plane) {
     double sum = 0, count = 0;
-    for (size_t i = 0; i < one.planes[plane].size(); ++i) {
+    for (size_t i = 0; i < one.planes[plane].size() * 8 / static_cast<size_t>(tolk::sampleBits(type)); ++i) {
       if (fourth && i % 4 == 3) continue;
-      sum += std::abs(one.planes[plane][i] - other.planes[plane][i]);
+      sum += std::abs(onByteScale(type, one.planes[plane], i) - onByteScale(type, other.planes[plane], i));
       ++count;
     }
     largest = std::max(largest, sum / count);
@@ -146,7 +192,16 @@ void runPeer(benchmark::State& state, const tolk::Function& function, const Peer
   countPixels(state, roi);
 }
 
-// One line a function and size, with the rate of each implementation and its ratios; or one summary at the end.
+// Names of benchmarks are function/size/code; the codes of each function/size in the order of the registration.
+std::map<std::string, std::vector<std::string>> registeredCodes;
+
+std::pair<std::string, std::string> groupAndCode(const std::string& name) {
+  const size_t last = name.rfind('/');
+  return {name.substr(0, last), name.substr(last + 1)};
+}
+
+// One line a function, size and code with the rate and its ratios, as soon as all codes have run; or one summary at the
+// end.
 class RatioReporter : public benchmark::BenchmarkReporter {
  public:
   explicit RatioReporter(bool summary) : summary_(summary) {}
@@ -164,30 +219,41 @@ class RatioReporter : public benchmark::BenchmarkReporter {
 
   void ReportRuns(const std::vector<Run>& runs) override {
     for (const Run& run : runs) {
+      const auto [group, code] = groupAndCode(run.run_name.function_name);
+      bool isNew = false;
       if (run.error_occurred) {
-        if (!refused_.insert(run.benchmark_name()).second) continue;
-        std::printf("%s: %s\n", run.benchmark_name().c_str(), run.error_message.c_str());
-        continue;
+        isNew = rates_[group].emplace(code, 0).second;
+        if (isNew) std::printf("%s: %s\n", run.benchmark_name().c_str(), run.error_message.c_str());
+      } else if (run.repetitions == 1 || run.aggregate_name == "median") {
+        isNew = rates_[group].emplace(code, run.counters.at("Mpixel/s")).second;
       }
-      if (run.run_type == Run::RT_Aggregate && run.aggregate_name != "median") continue;
-      const std::string name = run.run_name.function_name;  // function/size/code
-      const size_t last = name.rfind('/'), middle = name.rfind('/', last - 1);
-      const std::string group = name.substr(0, last), code = name.substr(last + 1);
-      const double rate = run.counters.at("Mpixel/s");
-      rates_[group][code] = rate;
-      if (summary_ || (runs.size() > 1 && run.run_type != Run::RT_Aggregate)) continue;
-      const bool ours = code == "ssse3" || code == "avx2";
-      std::printf("%-44s %-10s %-12s %8.0f %8s %9s %7s\n", name.substr(0, middle).c_str(),
-                  name.substr(middle + 1, last - middle - 1).c_str(), code.c_str(), rate,
-                  ratio(rate, rateOf(group, "plain")).c_str(),
-                  ratio(rate, std::max(rateOf(group, "memcpy"), rateOf(group, "stream"))).c_str(),
-                  ours ? ratio(rate, rateOf(group, bestPeer(group, code))).c_str() : "-");
+      if (isNew && !summary_ && rates_[group].size() == registeredCodes[group].size()) printLines(group);
     }
     std::fflush(stdout);
   }
 
   void Finalize() override {
-    if (!summary_) return;
+    for (const auto& [group, rates] : rates_) {
+      if (!summary_ && rates.size() < registeredCodes[group].size()) printLines(group);
+    }
+    if (summary_) printSummary();
+  }
+
+ private:
+  void printLines(const std::string& group) {
+    const auto [function, size] = groupAndCode(group);
+    for (const std::string& code : registeredCodes[group]) {
+      const double rate = rateOf(group, code);
+      if (rate == 0) continue;
+      const bool ours = code == "ssse3" || code == "avx2";
+      std::printf("%-44s %-10s %-12s %8.0f %8s %9s %7s\n", function.c_str(), size.c_str(), code.c_str(), rate,
+                  ratio(rate, rateOf(group, "plain")).c_str(),
+                  ratio(rate, std::max(rateOf(group, "memcpy"), rateOf(group, "stream"))).c_str(),
+                  ours ? ratio(rate, rateOf(group, bestPeer(group, code))).c_str() : "-");
+    }
+  }
+
+  void printSummary() {
     std::printf("%-39s %6s %6s %-12s %6s   %6s %6s %-12s %6s\n", "Mpixel/s", "ssse3", "best", "peer", "ratio", "avx2",
                 "best", "peer", "ratio");
     for (const tolk::Function& function : tolk::functions()) {
@@ -204,7 +270,6 @@ class RatioReporter : public benchmark::BenchmarkReporter {
     }
   }
 
- private:
   double rateOf(const std::string& group, const std::string& code) {
     const auto found = rates_[group].find(code);
     return found == rates_[group].end() ? 0 : found->second;
@@ -227,25 +292,23 @@ class RatioReporter : public benchmark::BenchmarkReporter {
   }
 
   bool summary_;
-  std::set<std::string> refused_;
   std::map<std::string, std::map<std::string, double>> rates_;
 };
 
 void registerFunction(const tolk::Function& function, TolkSize roi, bool summary) {
   const std::string group =
-      std::string(function.name) + "/" + std::to_string(roi.width) + "x" + std::to_string(roi.height) + "/";
-  for (const bool streamed : {false, true}) {
-    if (summary || (streamed && roi.width * roi.height < 1 << 22)) continue;
-    benchmark::RegisterBenchmark((group + (streamed ? "stream" : "memcpy")).c_str(), runCopy, function, streamed, roi)
-        ->UseRealTime();
-  }
+      std::string(function.name) + "/" + std::to_string(roi.width) + "x" + std::to_string(roi.height);
+  const auto add = [&](const std::string& code, auto run, auto... arguments) {
+    registeredCodes[group].push_back(code);
+    benchmark::RegisterBenchmark((group + "/" + code).c_str(), run, function, arguments..., roi)->UseRealTime();
+  };
+  if (!summary) add("memcpy", runCopy, false);
+  if (!summary && roi.width * roi.height >= 1 << 22) add("stream", runCopy, true);
   for (const Peer& peer : peers()) {
-    if (!findConversion(peer, function, roi)) continue;
-    benchmark::RegisterBenchmark((group + peer.name).c_str(), runPeer, function, peer, roi)->UseRealTime();
+    if (findConversion(peer, function, roi)) add(peer.name, runPeer, peer);
   }
   for (const Implementation& code : kImplementations) {
-    if (summary && std::strcmp(code.name, "plain") == 0) continue;
-    benchmark::RegisterBenchmark((group + code.name).c_str(), runFunction, function, code.path, roi)->UseRealTime();
+    if (!summary || std::strcmp(code.name, "plain") != 0) add(code.name, runFunction, code.path);
   }
 }
 

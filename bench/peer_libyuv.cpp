@@ -45,6 +45,8 @@ constexpr Entry kEntries[] = {
     {"RGB C4", "YUV420 P3", ABGRToJ420},   {"BGR C4", "YUV420 P3", ARGBToJ420},
     {"RGB C3", "YUV420 P3", RAWToJ420},    {"BGR C3", "YUV420 P3", RGB24ToJ420},
     {"RGB C4", "YUV422 P3", ABGRToJ422},   {"BGR C4", "YUV422 P3", ARGBToJ422},
+    {"RGB C3", "Gray C1", RAWToJ400},      {"RGB C4", "Gray C1", ABGRToJ400},
+    {"Gray C1", "RGB C4", J400ToARGB},     {"YCbCr422 C2", "Gray C1", YUY2ToY},
 };
 
 uint8_t* at(const tolk::Side& side, size_t plane) { return static_cast<uint8_t*>(side.plane[plane]); }

@@ -1,4 +1,5 @@
-// OpenCV's cvtColor on one thread.
+// OpenCV's cvtColor on one thread; OPENCV_CPU_DISABLE=AVX2 in the environment holds it to SSE4.1, the nearest to SSSE3
+// that it has.
 #include <algorithm>
 #include <cstring>
 #include <memory>
@@ -14,6 +15,7 @@ namespace {
 struct Entry {
   std::string_view from, to;
   int code;
+  std::string_view samples = "8u";
 };
 constexpr Entry kEntries[] = {
     {"RGB C3", "YCbCr C3", cv::COLOR_RGB2YUV},
@@ -50,10 +52,23 @@ constexpr Entry kEntries[] = {
     {"CbYCr422 C2", "BGR C3", cv::COLOR_YUV2BGR_UYVY},
     {"CbYCr422 C2", "RGB C4", cv::COLOR_YUV2RGBA_UYVY},
     {"CbYCr422 C2", "BGR C4", cv::COLOR_YUV2BGRA_UYVY},
+    {"RGB C3", "Gray C1", cv::COLOR_RGB2GRAY, "8u 16u 32f"},
+    {"RGB C4", "Gray C1", cv::COLOR_RGBA2GRAY, "8u 16u 32f"},
+    {"Gray C1", "RGB C3", cv::COLOR_GRAY2RGB, "8u 16u 32f"},
+    {"Gray C1", "RGB C4", cv::COLOR_GRAY2RGBA, "8u 16u 32f"},
+    {"YCbCr422 C2", "Gray C1", cv::COLOR_YUV2GRAY_YUY2},
+    {"RGB C3", "XYZ C3", cv::COLOR_RGB2XYZ, "8u 16u 32f"},
+    {"XYZ C3", "RGB C3", cv::COLOR_XYZ2RGB, "8u 16u 32f"},
+    {"RGB C3", "HLS C3", cv::COLOR_RGB2HLS_FULL, "8u 32f"},
+    {"HLS C3", "RGB C3", cv::COLOR_HLS2RGB_FULL, "8u 32f"},
+    {"BGR C3", "HLS C3", cv::COLOR_BGR2HLS_FULL, "8u 32f"},
+    {"HLS C3", "BGR C3", cv::COLOR_HLS2BGR_FULL, "8u 32f"},
+    {"RGB C3", "HSV C3", cv::COLOR_RGB2HSV_FULL},
+    {"HSV C3", "RGB C3", cv::COLOR_HSV2RGB_FULL},
 };
 
-cv::Mat packed(const tolk::Side& side, size_t plane, int channels, int width, int height) {
-  return cv::Mat(height, width, CV_8UC(channels), side.plane[plane], static_cast<size_t>(side.step[plane]));
+cv::Mat packed(const tolk::Side& side, size_t plane, int channels, int width, int height, int depth = CV_8U) {
+  return cv::Mat(height, width, CV_MAKETYPE(depth, channels), side.plane[plane], static_cast<size_t>(side.step[plane]));
 }
 
 // The three planes lie one behind the other in OpenCV's image: copies them from or to the call's, once.
@@ -69,21 +84,39 @@ void copyPlanes(cv::Mat& image, const tolk::Side& side, TolkSize roi) {
   }
 }
 
-Conversion find(const std::string& from, const std::string& to, TolkSize roi) {
-  const auto entry = std::find_if(std::begin(kEntries), std::end(kEntries),
-                                  [&](const Entry& e) { return e.from == from && e.to == to; });
+void scaleHue(cv::Mat image, double factor) {
+  for (cv::Vec3f& pixel : cv::Mat_<cv::Vec3f>(image)) pixel[0] *= static_cast<float>(factor);
+}
+
+// Hue of 32f is a share of the circle in the call and degrees here: adapts it, once.
+Conversion findPacked(const Entry& entry, std::string_view sample, TolkSize roi) {
+  const int depth = sample == "32f" ? CV_32F : sample == "16u" ? CV_16U : CV_8U;
+  return [=, first = depth == CV_32F](const tolk::Call& call) mutable {
+    const cv::Mat source = packed(call.src, 0, entry.from.back() - '0', roi.width, roi.height, depth);
+    cv::Mat target = packed(call.dst, 0, entry.to.back() - '0', roi.width, roi.height, depth);
+    const bool adapts = std::exchange(first, false);
+    if (adapts && entry.from == "HLS C3") scaleHue(source, 360);
+    cv::cvtColor(source, target, entry.code);
+    if (adapts && entry.to == "HLS C3") scaleHue(target, 1 / 360.0);
+  };
+}
+
+Conversion find(const std::string& fromSample, const std::string& toSample, TolkSize roi) {
+  const auto parts = [](const std::string& format) {
+    const size_t end = format.find(' ', format.find(' ') + 1);
+    return std::pair(format.substr(0, end), end == std::string::npos ? "8u" : format.substr(end + 1));
+  };
+  const std::string from = parts(fromSample).first, to = parts(toSample).first, sample = parts(toSample).second;
+  const auto entry = std::find_if(std::begin(kEntries), std::end(kEntries), [&](const Entry& e) {
+    return e.from == from && e.to == to && e.samples.find(sample) != std::string_view::npos;
+  });
   if (entry == std::end(kEntries)) return nullptr;
+  if (!from.ends_with("P2") && !from.ends_with("P3") && !to.ends_with("P3")) return findPacked(*entry, sample, roi);
   const int code = entry->code, src = from.back() - '0', dst = to.back() - '0', w = roi.width, h = roi.height;
   if (from.ends_with("P2")) {
     return [=](const tolk::Call& call) {
       cv::Mat target = packed(call.dst, 0, dst, w, h);
       cv::cvtColorTwoPlane(packed(call.src, 0, 1, w, h), packed(call.src, 1, 2, w / 2, h / 2), target, code);
-    };
-  }
-  if (!from.ends_with("P3") && !to.ends_with("P3")) {
-    return [=](const tolk::Call& call) {
-      cv::Mat target = packed(call.dst, 0, dst, w, h);
-      cv::cvtColor(packed(call.src, 0, src, w, h), target, code);
     };
   }
   auto image = std::make_shared<cv::Mat>(h * 3 / 2, w, CV_8UC1);

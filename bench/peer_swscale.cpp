@@ -20,7 +20,8 @@ const std::map<std::string, AVPixelFormat> kFormats = {
     {"YCbCr422 P3", AV_PIX_FMT_YUV422P}, {"YCbCr422 C2", AV_PIX_FMT_YUYV422}, {"CbYCr422 C2", AV_PIX_FMT_UYVY422},
     {"YCrCb422 C2", AV_PIX_FMT_YVYU422}, {"YCbCr420 P3", AV_PIX_FMT_YUV420P}, {"YCbCr420 P2", AV_PIX_FMT_NV12},
     {"YCrCb420 P2", AV_PIX_FMT_NV21},    {"YCbCr411 P3", AV_PIX_FMT_YUV411P}, {"YUV P3", AV_PIX_FMT_YUVJ444P},
-    {"YUV422 P3", AV_PIX_FMT_YUVJ422P},  {"YUV420 P3", AV_PIX_FMT_YUVJ420P},
+    {"YUV422 P3", AV_PIX_FMT_YUVJ422P},  {"YUV420 P3", AV_PIX_FMT_YUVJ420P},  {"Gray C1", AV_PIX_FMT_GRAY8},
+    {"RGB C3 16u", AV_PIX_FMT_RGB48},    {"RGB C4 16u", AV_PIX_FMT_RGBA64},   {"Gray C1 16u", AV_PIX_FMT_GRAY16},
 };
 
 using Planes = std::array<uint8_t*, 4>;
@@ -40,6 +41,7 @@ void planes(const tolk::Side& side, bool greenFirst, Planes& plane, Strides& str
 Conversion find(const std::string& from, const std::string& to, TolkSize roi) {
   const auto source = kFormats.find(from), target = kFormats.find(to);
   if (source == kFormats.end() || target == kFormats.end()) return nullptr;
+  if (from.starts_with("YCbCr") && to.starts_with("Gray")) return nullptr;  // widens the range instead of copying
   if (roi.width % 32 != 0) return nullptr;  // some of its vector code faults on rows that are not aligned
   av_log_set_level(AV_LOG_FATAL);
   // Its fastest setting: one point for each sample (no filter), nothing of SWS_ACCURATE_RND and SWS_FULL_CHR_*. The

@@ -16,7 +16,7 @@ const std::map<std::string, int> kPixels = {
     {"RGB C3", TJPF_RGB}, {"BGR C3", TJPF_BGR}, {"RGB C4", TJPF_RGBX}, {"BGR C4", TJPF_BGRX}};
 const std::map<std::string, int> kPlanes = {
     {"YCbCr P3", TJSAMP_444}, {"YCbCr422 P3", TJSAMP_422}, {"YCbCr420 P3", TJSAMP_420}, {"YCbCr411 P3", TJSAMP_411},
-    {"YUV P3", TJSAMP_444},   {"YUV422 P3", TJSAMP_422},   {"YUV420 P3", TJSAMP_420},
+    {"YUV P3", TJSAMP_444},   {"YUV422 P3", TJSAMP_422},   {"YUV420 P3", TJSAMP_420},   {"Gray C1", TJSAMP_GRAY},
 };
 
 struct Planar {

@@ -31,7 +31,8 @@ bool crBeforeCb(const tolk::SideInfo& side) { return side.layout == "P3" && side
 std::string format(const tolk::SideInfo& side) {
   std::string space(side.space), layout(side.layout == "AC4" ? "C4" : side.layout);
   if (crBeforeCb(side)) space.replace(0, 5, "YCbCr");
-  return space + " " + layout;
+  if (space == "Color") space = "RGB";  // the benchmark gives the caller's weights in this order
+  return space + " " + layout + (side.sample == "8u" ? "" : " " + std::string(side.sample));
 }
 
 // Whether the size is of whole chroma groups; the peers differ in what they do with a rest.
@@ -52,7 +53,7 @@ Conversion findConversion(const Peer& peer, const tolk::Function& function, Tolk
   const tolk::SideInfo &src = function.src, &dst = function.dst;
   // Other matrices cost the peers the same; gamma none of them has.
   const bool plain = function.variant.empty() && function.operation.find("Gamma") == std::string_view::npos;
-  if (!plain || function.inPlace || src.sample != "8u" || dst.sample != "8u") return nullptr;
+  if (!plain || function.inPlace || src.sample != dst.sample) return nullptr;
   if (!wholeGroups(src, roi) || !wholeGroups(dst, roi)) return nullptr;
   Conversion conversion = peer.find(format(src), format(dst), roi);
   if (!conversion || (!crBeforeCb(src) && !crBeforeCb(dst))) return conversion;

@@ -11,7 +11,8 @@ using Conversion = std::function<void(const tolk::Call&)>;
 
 struct Peer {
   std::string name, version;
-  // The conversion between two formats such as "BGR C4" and "YCbCr420 P3", whose planes are Y, Cb, Cr; or none.
+  // The conversion between two formats such as "BGR C4" and "YCbCr420 P3", whose planes are Y, Cb, Cr; or none. Samples
+  // other than of 8 bits stand behind: "RGB C3 16u".
   Conversion (*find)(const std::string& from, const std::string& to, TolkSize roi);
 };
 
