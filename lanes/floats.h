@@ -80,6 +80,13 @@ LANE_OP F32<L> choose(I32<L> mask, float a, float b) {
 }
 LANE_OP float choose(bool mask, float a, float b) { return mask ? a : b; }
 
+// a where the mask is set, else 0.
+template <int L>
+LANE_OP F32<L> onlyWhere(I32<L> mask, float a) {
+  return F32<L>::splat(a) & as<float>(mask);
+}
+LANE_OP float onlyWhere(bool mask, float a) { return mask ? a : 0.0F; }
+
 // a if it is the larger (smaller) one, else b: b if one of them is not a number.
 template <int L>
 LANE_OP F32<L> larger(F32<L> a, F32<L> b) {
@@ -168,6 +175,24 @@ LANE_OP LowBits<Number> lowBits(Number value) {
   return {value};
 }
 
+// Sixteen-bit numbers of either sign, as floats of the lower and the upper half of each lane.
+template <int L>
+LANE_OP F32<L> lowHalf(I16<L> a) {
+  return asFloat(shiftRight(as<int32_t>(interleaveLow<2>(a, a)), 16));
+}
+template <int L>
+LANE_OP F32<L> highHalf(I16<L> a) {
+  return asFloat(shiftRight(as<int32_t>(interleaveHigh<2>(a, a)), 16));
+}
+template <int L>
+LANE_OP F32<L> lowHalf(U16<L> a) {
+  return asFloat(as<int32_t>(interleaveLow<2>(a, U16<L>::splat(0))));
+}
+template <int L>
+LANE_OP F32<L> highHalf(U16<L> a) {
+  return asFloat(as<int32_t>(interleaveHigh<2>(a, U16<L>::splat(0))));
+}
+
 namespace detail {
 
 // Signed 16-bit samples are seen as unsigned ones, 32768 higher.
@@ -179,15 +204,6 @@ LANE_OP U16<L> biased(Reg<T, L> a) {
   const auto words = as<uint16_t>(a);
   return kBias<Sample> ? differing(words, U16<L>::splat(0x8000)) : words;
 }
-template <class Sample, class T, int L>
-LANE_OP F32<L> lowFloats(Reg<T, L> a) {
-  return asFloat(as<int32_t>(interleaveLow<2>(biased<Sample>(a), U16<L>::splat(0))));
-}
-template <class Sample, class T, int L>
-LANE_OP F32<L> highFloats(Reg<T, L> a) {
-  return asFloat(as<int32_t>(interleaveHigh<2>(biased<Sample>(a), U16<L>::splat(0))));
-}
-
 template <class Sample, int L>
 LANE_OP auto narrowResult(I32<L> low, I32<L> high) {
   if constexpr (sizeof(Sample) == 1) {
@@ -224,8 +240,8 @@ template <class Sample, class Form>
 struct OnFloats {
   template <class... Regs>
   LANE_OP auto operator()(Regs... samples) const {
-    const auto low = form(detail::lowFloats<Sample>(samples)...);
-    const auto high = form(detail::highFloats<Sample>(samples)...);
+    const auto low = form(lowHalf(detail::biased<Sample>(samples))...);
+    const auto high = form(highHalf(detail::biased<Sample>(samples))...);
     return [&]<size_t... I>(std::index_sequence<I...>) __attribute__((always_inline)) {
       return std::array{detail::narrowResult<Sample>(low[I], high[I])...};
     }

@@ -170,6 +170,11 @@ template <int L>
 LANE_OP I16<L> mulRound(I16<L> a, I16<L> b) {
   BY_WIDTH(int16_t, mulhrs_epi16, a.bits(), b.bits())
 }
+// Lower half of the 32-bit product.
+template <int L>
+LANE_OP I16<L> mulLow(I16<L> a, I16<L> b) {
+  BY_WIDTH(int16_t, mullo_epi16, a.bits(), b.bits())
+}
 // Sums of the products of neighbours.
 template <int L>
 LANE_OP I32<L> pairSum(I16<L> a, I16<L> b) {
@@ -188,6 +193,14 @@ LANE_OP U8<L> narrow(I16<L> low, I16<L> high) {
 template <int L>
 LANE_OP I16<L> narrow(I32<L> low, I32<L> high) {
   BY_WIDTH(int16_t, packs_epi32, low.bits(), high.bits())
+}
+template <int L>
+LANE_OP U8<L> smaller(U8<L> a, U8<L> b) {
+  BY_WIDTH(uint8_t, min_epu8, a.bits(), b.bits())
+}
+template <int L>
+LANE_OP U8<L> larger(U8<L> a, U8<L> b) {
+  BY_WIDTH(uint8_t, max_epu8, a.bits(), b.bits())
 }
 template <int L>
 LANE_OP I16<L> smaller(I16<L> a, I16<L> b) {
@@ -244,6 +257,16 @@ LANE_OP I16<L> widenLow(U8<L> a) {
 template <int L>
 LANE_OP I16<L> widenHigh(U8<L> a) {
   return as<int16_t>(interleaveHigh<1>(a, U8<L>::splat(0)));
+}
+
+// The samples that are equal, as a mask.
+template <int L>
+LANE_OP U8<L> equal(U8<L> a, U8<L> b) {
+  return U8<L>::of(a.v == b.v);
+}
+template <class M, class T, int L>
+LANE_OP Reg<T, L> exceptWhere(Reg<M, L> mask, Reg<T, L> a) {
+  return a & as<T>(U8<L>::of(~as<uint8_t>(mask).v));
 }
 
 // The same 16 byte places in every lane.

@@ -7,12 +7,12 @@ using namespace tolk;
 
 TolkStatus tolkRGBToHLS_8u_C3R(const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep, TolkSize roi) {
   if (auto fault = check(pointers(src, dst), size(roi))) return fault;
-  return rows(roi, from<RGB3>(src, srcStep), to<RGB3>(dst, dstStep), onFloats<uint8_t>(HlsFromRgb<uint8_t>{}));
+  return rows(roi, from<RGB3>(src, srcStep), to<RGB3>(dst, dstStep), HlsFromRgb8{});
 }
 
 TolkStatus tolkRGBToHLS_8u_AC4R(const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep, TolkSize roi) {
   if (auto fault = check(pointers(src, dst), size(roi))) return fault;
-  return rows(roi, from<RGB4>(src, srcStep), to<RGB4>(dst, dstStep), onFloats<uint8_t>(HlsFromRgb<uint8_t>{}));
+  return rows(roi, from<RGB4>(src, srcStep), to<RGB4>(dst, dstStep), HlsFromRgb8{});
 }
 
 TolkStatus tolkRGBToHLS_16u_C3R(const uint16_t* src, int32_t srcStep, uint16_t* dst, int32_t dstStep, TolkSize roi) {
@@ -102,8 +102,8 @@ TolkStatus tolkHLSToRGB_32f_AC4R(const float* src, int32_t srcStep, float* dst, 
 namespace {
 
 // The first pixels of a row take saturation's estimate as it comes.
-auto forwardBlock() { return block<4>(onFloats<uint8_t>(HlsFromRgb<uint8_t, Raw>{})); }
-auto forwardTail() { return tail(onFloats<uint8_t>(HlsFromRgb<uint8_t>{})); }
+auto forwardBlock() { return block<4>(HlsFromRgb8<Raw>{}); }
+auto forwardTail() { return tail(HlsFromRgb8{}); }
 auto inverseBlock() { return block<4>(onFloats<uint8_t>(RgbFromHls<uint8_t, FirstHues>{})); }
 auto inverseTail() { return tail(onFloats<uint8_t>(RgbFromHls<uint8_t, LastHues>{})); }
 

@@ -15,7 +15,7 @@ struct Refined {
   LANE_OP static auto reciprocal(auto d) { return refinedReciprocal(d); }
 };
 
-// Integer samples: everything is cut. Grey pixels, black and white come out as 0 by the divisors' limit of 1.
+// Integer samples: everything is cut. Gray pixels, black and white come out as 0 by the divisors' limit of 1.
 template <class Sample, class Saturation = Refined>
 struct HlsFromRgb {
   static constexpr float kMost = std::numeric_limits<std::make_unsigned_t<Sample>>::max();
@@ -33,6 +33,51 @@ struct HlsFromRgb {
     const auto S = (Saturation::reciprocal(den) * d) * kMost;
     return std::array{truncated(H), truncated(sum * 0.5F), truncated(S)};
   }
+};
+
+// The same of bytes, whose extremes, differences and hue sectors need no floats.
+template <class Saturation = Refined>
+struct HlsFromRgb8 {
+  static constexpr bool kTakesSamples = true;
+  using Plain = OnFloats<uint8_t, HlsFromRgb<uint8_t, Saturation>>;
+
+  template <int L>
+  struct Numbers {  // eight pixels of a lane
+    I16<L> difference;
+    U16<L> den, d, start;
+    LANE_OP auto converted(auto half) const {
+      const auto D = half(d);
+      const auto H = (half(difference) * refinedReciprocal(D) + half(start)) * 0.7083333F;
+      const auto S = (Saturation::reciprocal(half(den)) * D) * 255.0F;
+      return std::array{truncated(H), truncated(S)};
+    }
+    LANE_OP auto operator()() const {
+      const auto low = converted([](auto a) __attribute__((always_inline)) { return lowHalf(a); });
+      const auto high = converted([](auto a) __attribute__((always_inline)) { return highHalf(a); });
+      return std::array{narrow(low[0], high[0]), narrow(low[1], high[1])};
+    }
+  };
+
+  template <int L>
+  LANE_OP auto operator()(U8<L> R, U8<L> G, U8<L> B) const {
+    const auto mx = larger(larger(R, G), B), mn = smaller(smaller(R, G), B), d = mx - mn;
+    const auto ofR = equal(mx, R), ofG = equal(mx, G), one = U8<L>::splat(1);
+    const auto plus = choose(ofR, G, choose(ofG, B, R)), minus = choose(ofR, B, choose(ofG, R, G));
+    // Half the sector's degrees. A red one below 0 begins at 360.
+    const auto redStart = exceptWhere(equal(larger(G, B), G), U8<L>::splat(180));
+    const auto halfStart = choose(ofR, redStart, choose(ofG, U8<L>::splat(60), U8<L>::splat(120)));
+    const auto limited = larger(d, one);
+    auto numbers = [&](auto half) __attribute__((always_inline)) {
+      const auto sum = half(mx) + half(mn);
+      return Numbers<L>{mulLow(half(plus) - half(minus), I16<L>::splat(60)),
+                        as<uint16_t>(larger(smaller(sum, I16<L>::splat(510) - sum), I16<L>::splat(1))),
+                        as<uint16_t>(half(limited)), as<uint16_t>(shiftLeft(half(halfStart), 1))}();
+    };
+    const auto low = numbers([](auto a) __attribute__((always_inline)) { return widenLow(a); });
+    const auto high = numbers([](auto a) __attribute__((always_inline)) { return widenHigh(a); });
+    return std::array{narrow(low[0], high[0]), mean(mn, mx), exceptWhere(equal(mx, mn), narrow(low[1], high[1]))};
+  }
+  LANE_OP auto operator()(int R, int G, int B) const { return Plain{}(R, G, B); }
 };
 
 // True divisions.
@@ -55,11 +100,11 @@ struct HlsFromRgbFloat {
 struct FirstHues {
   LANE_OP static auto red(auto h) {
     const auto turned = h + 120.0F;
-    return choose(turned > 360.0F, turned - 360.0F, turned);
+    return turned - onlyWhere(turned > 360.0F, 360.0F);
   }
   LANE_OP static auto blue(auto h) {
     const auto turned = h - 120.0F;
-    return choose(turned < 0.0F, turned + 360.0F, turned);
+    return turned + onlyWhere(turned < 0.0F, 360.0F);
   }
 };
 struct LastHues {
@@ -73,41 +118,47 @@ struct LastHues {
   }
 };
 
-// The least and the greatest value of the three channels.
+// The least and the greatest value of the three channels, and the way between them by hue.
 template <class Number>
 struct Values {
   Number least, most;
-  LANE_OP auto at(auto hue, auto rising, auto falling) const {
-    const auto ramp = choose(hue < 60.0F, rising, falling) * (most - least) + least;
+  LANE_OP auto between(auto hue, auto factor) const {
+    const auto ramp = factor * (most - least) + least;
     return choose(hue < 60.0F, ramp, choose(hue < 180.0F, most, choose(hue < 240.0F, ramp, least)));
   }
-  LANE_OP auto at(auto hue) const { return at(hue, hue * 0.016666668F, (240.0F - hue) * 0.016666668F); }
+  // Up to 60 degrees the hue is the smaller one.
+  LANE_OP auto at(auto hue) const { return between(hue, smaller(240.0F - hue, hue) * 0.016666668F); }
+  LANE_OP auto at(auto hue, auto rising, auto falling) const {
+    return between(hue, choose(hue < 60.0F, rising, falling));
+  }
 };
 LANE_OP auto valuesBelow(auto most, auto L) { return Values<decltype(most)>{(L + L) - most, most}; }
 
-// h in degrees, L and S in 0..1.
+// h in degrees, L and S in 0..1. Where S is 0, all three are L but for a few L at the ends of the floats.
 template <class Hues>
 LANE_OP auto rgbFromHls(auto h, auto L, auto S) {
   const auto values = valuesBelow(choose(L <= 0.5F, S * L + L, (S + L) - S * L), L);
+  return std::array{values.at(Hues::red(h)), values.at(h), values.at(Hues::blue(h))};
+}
+LANE_OP auto greyWhereFlat(auto rgb, auto L, auto S) {
   const auto grey = S == 0.0F;
-  return std::array{choose(grey, L, values.at(Hues::red(h))), choose(grey, L, values.at(h)),
-                    choose(grey, L, values.at(Hues::blue(h)))};
+  return std::array{choose(grey, L, rgb[0]), choose(grey, L, rgb[1]), choose(grey, L, rgb[2])};
 }
 
 struct RgbFromHlsFloatBlock {
-  LANE_OP auto operator()(auto H, auto L, auto S) const { return rgbFromHls<FirstHues>(H * 360.0F, L, S); }
+  LANE_OP auto operator()(auto H, auto L, auto S) const {
+    return greyWhereFlat(rgbFromHls<FirstHues>(H * 360.0F, L, S), L, S);
+  }
 };
 struct RgbFromHlsFloatTail {
   LANE_OP auto operator()(auto H, auto L, auto S) const {
-    const auto h = H * 360.0F, red = LastHues::red(h), blue = LastHues::blue(h);
+    const auto h = H * 360.0F;
     const auto values = valuesBelow(choose(L <= 0.5F, (S + 1.0F) * L, (S + L) - S * L), L);
-    const auto grey = S == 0.0F;
     auto turned = [&](auto hue) __attribute__((always_inline)) {
       return values.at(hue, hue * 0.016666668F, hue * -0.016666668F + 4.0F);
     };
-    return std::array{choose(grey, L, turned(red)),
-                      choose(grey, L, values.at(h, H * 6.0000005F, H * -6.0000005F + 4.0F)),
-                      choose(grey, L, turned(blue))};
+    const auto G = values.at(h, H * 6.0000005F, H * -6.0000005F + 4.0F);
+    return greyWhereFlat(std::array{turned(LastHues::red(h)), G, turned(LastHues::blue(h))}, L, S);
   }
 };
 
@@ -135,14 +186,16 @@ struct RgbFromHls {
 // Three channels through a form, the fourth as it is.
 template <class Form>
 struct WithAlpha {
+  static constexpr bool kTakesSamples = requires { Form::kTakesSamples; };
+
+  LANE_OP static auto result(auto alpha) { return alpha; }
   template <int L>
-  LANE_OP auto operator()(I16<L> a, I16<L> b, I16<L> c, I16<L> alpha) const {
-    const auto three = form(a, b, c);
-    return std::array{three[0], three[1], three[2], ByteResult<L>{alpha}};
+  LANE_OP static auto result(I16<L> alpha) {
+    return ByteResult<L>{alpha};
   }
-  LANE_OP auto operator()(int a, int b, int c, int alpha) const {
+  LANE_OP auto operator()(auto a, auto b, auto c, auto alpha) const {
     const auto three = form(a, b, c);
-    return std::array{three[0], three[1], three[2], alpha};
+    return std::array{three[0], three[1], three[2], result(alpha)};
   }
   Form form;
 };

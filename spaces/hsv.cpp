@@ -7,12 +7,12 @@ using namespace tolk;
 
 TolkStatus tolkRGBToHSV_8u_C3R(const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep, TolkSize roi) {
   if (auto fault = check(pointers(src, dst), size(roi))) return fault;
-  return rows(roi, from<RGB3>(src, srcStep), to<RGB3>(dst, dstStep), onFloats<uint8_t>(HsvFromRgb8{}));
+  return rows(roi, from<RGB3>(src, srcStep), to<RGB3>(dst, dstStep), HsvFromRgb8{});
 }
 
 TolkStatus tolkRGBToHSV_8u_AC4R(const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep, TolkSize roi) {
   if (auto fault = check(pointers(src, dst), size(roi))) return fault;
-  return rows(roi, from<RGB4>(src, srcStep), to<RGB4>(dst, dstStep), onFloats<uint8_t>(HsvFromRgb8{}));
+  return rows(roi, from<RGB4>(src, srcStep), to<RGB4>(dst, dstStep), HsvFromRgb8{});
 }
 
 TolkStatus tolkRGBToHSV_16u_C3R(const uint16_t* src, int32_t srcStep, uint16_t* dst, int32_t dstStep, TolkSize roi) {

@@ -21,14 +21,42 @@ struct Sector {
 
 // 8 bits: the estimates as they come, results to nearest.
 struct HsvFromRgb8 {
-  LANE_OP auto operator()(auto R, auto G, auto B) const {
-    const auto mx = larger(larger(R, G), B), mn = smaller(smaller(R, G), B), d = mx - mn;
-    const auto S = (estimatedReciprocal(larger(mx, 1.0F)) * d) * 255.0F;
-    const auto e = estimatedReciprocal(larger(d, 1.0F));
-    const auto [from, to, start] = Sector::terms(mx, R, G, B);
+  static constexpr bool kTakesSamples = true;
+
+  LANE_OP static auto hue(auto d, auto from, auto to, auto start) {
+    const auto e = estimatedReciprocal(d);
     const auto t = ((e * from - e * to) + start) * 42.5F;
-    const auto H = choose(t < 0.0F, t + 255.0F, t);
-    return std::array{rounded(choose(d == 0.0F, 0.0F, H)), rounded(S), truncated(mx)};
+    return rounded(t + onlyWhere(t < 0.0F, 255.0F));
+  }
+  LANE_OP static auto saturation(auto mx, auto d) { return rounded((estimatedReciprocal(mx) * d) * 255.0F); }
+
+  template <int L>
+  LANE_OP auto operator()(U8<L> R, U8<L> G, U8<L> B) const {
+    const auto mx = larger(larger(R, G), B), mn = smaller(smaller(R, G), B);
+    const auto ofG = equal(mx, G), ofB = equal(mx, B), one = U8<L>::splat(1);
+    const auto d = mx - mn, from = mx - choose(ofB, G, choose(ofG, R, B)), to = mx - choose(ofB, R, choose(ofG, B, G));
+    const auto start = choose(ofB, U8<L>::splat(4), U8<L>::splat(2) & ofG);
+    const auto dLimited = larger(d, one), mxLimited = larger(mx, one);
+    auto numbers = [&](auto widened) __attribute__((always_inline)) {
+      auto at = [&](auto half) __attribute__((always_inline)) {
+        auto number = [&](auto a) __attribute__((always_inline)) { return half(as<uint16_t>(widened(a))); };
+        const auto D = number(dLimited);
+        return std::array{hue(D, number(from), number(to), number(start)), saturation(number(mxLimited), D)};
+      };
+      const auto low = at([](auto a) __attribute__((always_inline)) { return lowHalf(a); });
+      const auto high = at([](auto a) __attribute__((always_inline)) { return highHalf(a); });
+      return std::array{narrow(low[0], high[0]), narrow(low[1], high[1])};
+    };
+    const auto low = numbers([](auto a) __attribute__((always_inline)) { return widenLow(a); });
+    const auto high = numbers([](auto a) __attribute__((always_inline)) { return widenHigh(a); });
+    const auto grey = equal(mx, mn);
+    return std::array{exceptWhere(grey, narrow(low[0], high[0])), exceptWhere(grey, narrow(low[1], high[1])), mx};
+  }
+  LANE_OP auto operator()(int R, int G, int B) const {
+    const int mx = std::max({R, G, B}), d = mx - std::min({R, G, B});
+    if (d == 0) return std::array{0, 0, mx};
+    const auto [from, to, start] = Sector::terms(asFloat(mx), asFloat(R), asFloat(G), asFloat(B));
+    return std::array{hue(asFloat(d), from, to, start), saturation(asFloat(mx), asFloat(d)), mx};
   }
 };
 
