@@ -30,10 +30,12 @@ void report(const Function& function, TolkStatus status, bool strict) {
 
 }  // namespace
 
-double callFunction(const Function& function, RawImage& src, RawImage& dst, double alpha, int times, bool strict) {
+double callFunction(const Function& function, RawImage& src, RawImage& dst, const Arguments& arguments, int times,
+                    bool strict) {
   requireSteps(function, src);
   requireSteps(function, dst);
-  const Call call = {src.side(), dst.side(), src.size, alpha};
+  Call call = {src.side(), dst.side(), src.size, arguments.alpha};
+  call.coeffs = arguments.coeffs;
   std::vector<double> seconds;
   TolkStatus status = tolkStatusOk;
   for (int i = 0; i < times && status >= 0; ++i) {

@@ -13,10 +13,11 @@ void showVersion();
 
 struct RunOptions {
   std::string function, in, out;
-  std::string size;          // "640x480", or empty
-  std::optional<int> alpha;  // opaque if missing
-  int repeat = 0;            // 0: do not measure
-  bool strict = false;       // a warning is an error
+  std::string size;             // "640x480", or empty
+  std::optional<double> alpha;  // opaque if missing
+  std::vector<double> coeffs;   // three weights; the function's own if empty
+  int repeat = 0;               // 0: do not measure
+  bool strict = false;          // a warning is an error
 };
 void runFunction(const RunOptions& options);
 
@@ -28,6 +29,14 @@ struct ConvertOptions {
   std::optional<int> alpha;
 };
 void convertPicture(const ConvertOptions& options);
+
+struct ViewOptions {
+  std::string in, out;
+  std::string space;  // a format's name; what IN holds if empty
+  std::string from;   // RGB if empty
+  std::string size;
+};
+void viewPicture(const ViewOptions& options);
 
 void makePanel(const std::string& out, const std::vector<std::string>& images, int gap);
 void comparePictures(const std::string& first, const std::string& second);

@@ -1,14 +1,15 @@
-// The convert command: finds the function between two formats by itself.
+// The convert command: finds the functions between two formats by itself.
 #include <algorithm>
 #include <iostream>
 #include <stdexcept>
 #include <utility>
 
 #include "call.h"
-#include "commands.h"
+#include "conversion.h"
 #include "matrices.h"
 #include "raw_files.h"
 #include "route.h"
+#include "samples.h"
 
 namespace tolk {
 
@@ -20,19 +21,22 @@ const Format& formatOf(const std::string& path, const std::string& name, const c
   throw std::runtime_error(path + ": the name does not tell the format; " + option + " takes one of" + formatTable());
 }
 
-struct Source {
-  const Format& format;
-  RawImage image;  // of the format's side, in the size that the file is laid out for
-  TolkSize size;
-  SampleRange range = SampleRange::Unknown;
-};
+// A gray picture is RGB of three equal channels, unless OUT is gray, or a picture that may be.
+const Format& formatOf(const Image& image, const ConvertOptions& options) {
+  const bool stays = options.to.empty() ? isImageFile(options.out) : requireFormat(options.to).side.space == "Gray";
+  const bool gray = image.colours() == 1 && stays;
+  const std::string_view layout = gray ? "C1" : image.channels == 4 ? "C4" : "C3";
+  return *findFormat({gray ? "Gray" : "RGB", layout, sampleType(image.bits)});
+}
 
 Source readPicture(const ConvertOptions& options) {
   Image image = readImage(options.in);
   const TolkSize size = {image.width, image.height};
-  const Format& format = requireFormat(!options.from.empty() ? options.from : image.channels == 4 ? "rgba" : "rgb24");
-  if (!holdsPixels(format.side)) throw std::runtime_error(options.in + " is an image file, not " + options.from);
+  const Format& format = options.from.empty() ? formatOf(image, options) : requireFormat(options.from);
+  const bool served = servesImages(format.side) && format.side.space != "Gray10";
+  if (!served) throw std::runtime_error(options.in + " is an image file, not " + options.from);
   try {
+    if (isScalable(format.side)) image = withBits(std::move(image), sampleBits(format.side.sample));
     return {format, fromImage(std::move(image), format.side), size};
   } catch (const std::runtime_error& fault) {
     throw std::runtime_error(options.in + ": " + fault.what());
@@ -49,6 +53,8 @@ Source readVideo(const ConvertOptions& options) {
   return {format, std::move(frame.image), size, frame.range};
 }
 
+}  // namespace
+
 Source readSource(const ConvertOptions& options) {
   if (isImageFile(options.in) || isY4mFile(options.in)) {
     Source source = isImageFile(options.in) ? readPicture(options) : readVideo(options);
@@ -61,10 +67,25 @@ Source readSource(const ConvertOptions& options) {
   return {format, readRaw(options.in, format.side, fileSize(format.side, size)), size};
 }
 
+namespace {
+
+// Where such a file holds it the depth stays; gray stays gray.
+std::string_view pictureFormat(const std::string& path, const SideInfo& from) {
+  const bool gray = from.space.starts_with("Gray");
+  if (gray && holds(path, 1, sampleBits(from.sample))) return findFormat(from)->name;
+  for (int channels : {gray ? 1 : 3, gray ? 3 : 1}) {
+    for (int bits : {sampleBits(from.sample), 8, 32}) {
+      const SideInfo side = {channels == 3 ? "RGB" : "Gray", channels == 3 ? "C3" : "C1", sampleType(bits)};
+      if (holds(path, channels, bits)) return findFormat(side)->name;
+    }
+  }
+  return "rgb24";
+}
+
 const Format& targetFormat(const ConvertOptions& options, const Format& from) {
   const bool picture = isImageFile(options.out), video = isY4mFile(options.out);
   std::string name = options.to;
-  if (name.empty() && picture) name = servesImages(from.side) && !holdsPixels(from.side) ? from.name : "rgb24";
+  if (name.empty() && picture) name = pictureFormat(options.out, from.side);
   if (name.empty() && video) name = servesY4m(from.side) ? from.name : "i420";
   const Format& format = formatOf(options.out, name, "--to");
   if ((picture && !servesImages(format.side)) || (video && !servesY4m(format.side))) {
@@ -100,8 +121,8 @@ RawImage convert(RawImage image, const Route& route, uint8_t alpha) {
   for (const Step& step : route.steps) {
     image = repacked(std::move(image), step.src, alpha);
     RawImage dst(step.dst, image.size);
-    if (step.dst.layout == "AC4") std::fill(dst.bytes.begin(), dst.bytes.end(), alpha);
-    callFunction(*step.function, image, dst, alpha);
+    if (step.dst.layout == "AC4") setAlpha(dst, alpha);
+    callFunction(*step.function, image, dst, {alpha / 255.0 * fullScale(sampleBits(step.dst.sample)), {}});
     image = std::move(dst);
   }
   return repacked(std::move(image), route.formats.back()->side, alpha);
@@ -119,26 +140,29 @@ SampleRange followRange(const Route& route, const std::string& path, SampleRange
 
 }  // namespace
 
-void convertPicture(const ConvertOptions& options) {
-  Source source = readSource(options);
-  const Format& to = targetFormat(options, source.format);
+Converted convertSource(Source source, const Format& to, const ConvertOptions& options) {
   if (source.size.width < 1 || source.size.height < 1) throw std::runtime_error("the picture has no pixels");
   const Route route = requireRoute(source.format, to, options.matrix);
   report(route, source.size);
   const SampleRange range = followRange(route, options.in, source.range);
   if (options.alpha && holdsPixels(source.format.side)) {  // else the source's own would stay
-    source.image = repacked(std::move(source.image), requireFormat("rgb24").side, 0);
+    source.image = repacked(std::move(source.image), {"RGB", "C3", source.format.side.sample}, 0);
   }
   RawImage result = convert(resized(std::move(source.image), wholeSize(route, source.size)), route,
                             static_cast<uint8_t>(options.alpha.value_or(255)));
-  result = resized(std::move(result), fileSize(to.side, source.size));
+  return {resized(std::move(result), fileSize(to.side, source.size)), range};
+}
 
+void convertPicture(const ConvertOptions& options) {
+  Source source = readSource(options);
+  const Format& to = targetFormat(options, source.format);
+  Converted result = convertSource(std::move(source), to, options);
   if (isImageFile(options.out)) {
-    writeImage(options.out, toImage(result));
+    writeImage(options.out, toImage(result.image));
   } else if (isY4mFile(options.out)) {
-    writeY4m(options.out, result, range);
+    writeY4m(options.out, result.image, result.range);
   } else {
-    writeFile(options.out, result.bytes);
+    writeFile(options.out, result.image.bytes);
   }
 }
 

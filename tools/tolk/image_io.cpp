@@ -11,13 +11,14 @@ namespace {
 
 struct Format {
   std::string_view extension;
-  int minChannels, maxChannels, maxBits;
+  int minChannels, maxChannels, minBits, maxBits;
   Bytes (*encode)(const Image&);
 };
 
 constexpr Format kFormats[] = {
-    {".png", 1, 4, 16, encodePng}, {".jpg", 1, 3, 8, encodeJpeg}, {".jpeg", 1, 3, 8, encodeJpeg},
-    {".pgm", 1, 1, 16, encodePnm}, {".ppm", 3, 3, 16, encodePnm}, {".pnm", 1, 3, 16, encodePnm},
+    {".png", 1, 4, 8, 16, encodePng},  {".jpg", 1, 3, 8, 8, encodeJpeg},   {".jpeg", 1, 3, 8, 8, encodeJpeg},
+    {".pgm", 1, 1, 8, 16, encodePnm},  {".ppm", 3, 3, 8, 16, encodePnm},   {".pnm", 1, 3, 8, 16, encodePnm},
+    {".tif", 1, 4, 8, 64, encodeTiff}, {".tiff", 1, 4, 8, 64, encodeTiff}, {".pfm", 1, 3, 32, 32, encodePnm},
 };
 
 const Format* formatOf(const std::string& path) {
@@ -35,8 +36,13 @@ bool startsWith(std::span<const uint8_t> file, std::string_view magic) {
 Image decode(std::span<const uint8_t> file) {
   if (startsWith(file, "\x89PNG")) return decodePng(file);
   if (startsWith(file, "\xFF\xD8\xFF")) return decodeJpeg(file);
-  if (startsWith(file, "P5") || startsWith(file, "P6")) return decodePnm(file);
-  throw std::runtime_error("not a PNG, JPEG or binary PGM or PPM image");
+  for (std::string_view magic : {"P5", "P6", "PF", "Pf"}) {
+    if (startsWith(file, magic)) return decodePnm(file);
+  }
+  for (std::string_view magic : {"II*", "MM", "II+"}) {
+    if (startsWith(file, magic)) return decodeTiff(file);
+  }
+  throw std::runtime_error("not a PNG, JPEG, TIFF, PFM or binary PGM or PPM image");
 }
 
 }  // namespace
@@ -52,13 +58,21 @@ Image readImage(const std::string& path) {
   }
 }
 
-void requireHolds(const std::string& path, int channels, int bits) {
+bool holds(const std::string& path, int channels, int bits) {
   const Format* format = formatOf(path);
-  if (!format) throw std::runtime_error(path + ": the extension names no image format (png, jpg, pgm, ppm, pnm)");
-  if (channels >= format->minChannels && channels <= format->maxChannels && bits <= format->maxBits) return;
+  return format && channels >= format->minChannels && channels <= format->maxChannels && bits >= format->minBits &&
+         bits <= format->maxBits;
+}
+
+void requireHolds(const std::string& path, int channels, int bits) {
+  if (!isImageFile(path)) {
+    throw std::runtime_error(path + ": the extension names no image format (png, jpg, pgm, ppm, pnm, tiff, pfm)");
+  }
+  if (holds(path, channels, bits)) return;
   constexpr std::string_view kContents[] = {"gray", "gray and alpha", "RGB", "RGB and alpha"};
   throw std::runtime_error(path + ": this format cannot hold " + std::to_string(bits) + "-bit " +
-                           std::string(kContents[channels - 1]) + " (a .png file can)");
+                           std::string(kContents[channels - 1]) + " (a " + (bits > 16 ? ".tiff" : ".png") +
+                           " file can)");
 }
 
 void writeImage(const std::string& path, const Image& image) {

@@ -9,7 +9,8 @@
 
 namespace tolk {
 
-// Rows without slack; channels are gray, gray and alpha, RGB, or RGB and alpha; 16-bit samples in the machine's order.
+// Rows without slack; channels are gray, gray and alpha, RGB, or RGB and alpha; samples of 8 and 16 bits without sign,
+// and of 32 and 64 bits in floating point, in the machine's order.
 struct Image {
   int32_t width = 0, height = 0;
   int channels = 0;
@@ -27,6 +28,7 @@ struct Image {
 bool isImageFile(const std::string& path);  // by its extension
 Image readImage(const std::string& path);   // by its first bytes
 void writeImage(const std::string& path, const Image& image);
+bool holds(const std::string& path, int channels, int bits);  // by its extension
 // Fails, before any work is done, where writeImage would.
 void requireHolds(const std::string& path, int channels, int bits);
 
@@ -35,6 +37,8 @@ Bytes encodePng(const Image& image);
 Image decodeJpeg(std::span<const uint8_t> file);
 Bytes encodeJpeg(const Image& image);
 Image decodePnm(std::span<const uint8_t> file);
-Bytes encodePnm(const Image& image);
+Bytes encodePnm(const Image& image);  // of floating point a PFM file
+Image decodeTiff(std::span<const uint8_t> file);
+Bytes encodeTiff(const Image& image);
 
 }  // namespace tolk

@@ -16,7 +16,12 @@ constexpr Matrix kMatrices[kMatrixCount] = {{"601", ""}, {"709", "709CSC"}, {"hd
 
 bool hasMatrix(const Function& function) {
   auto isRgb = [](std::string_view space) { return space.starts_with("RGB") || space.starts_with("BGR"); };
-  return isRgb(function.src.space) != isRgb(function.dst.space);
+  auto isYCbCr = [](std::string_view space) {
+    return space.starts_with("YCbCr") || space.starts_with("YCrCb") || space.starts_with("CbYCr") ||
+           space.starts_with("YUV");
+  };
+  const std::string_view src = function.src.space, dst = function.dst.space;
+  return (isRgb(src) && isYCbCr(dst)) || (isYCbCr(src) && isRgb(dst));
 }
 
 std::optional<int> matrixOf(const Function& function) {

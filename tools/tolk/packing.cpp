@@ -2,8 +2,12 @@
 #include "packing.h"
 
 #include <algorithm>
+#include <array>
 #include <cstring>
 #include <stdexcept>
+#include <utility>
+
+#include "samples.h"
 
 namespace tolk {
 
@@ -35,16 +39,22 @@ Channel channelOf(RawImage& raw, int index) {
           static_cast<size_t>(raw.shapes[0].channels) * sample};
 }
 
-bool isFourBytes(std::string_view layout) { return layout == "C4" || layout == "AC4"; }
+bool isFourChannels(std::string_view layout) { return layout == "C4" || layout == "AC4"; }
 
 void requireFits(const Image& image, const SideInfo& info) {
-  if (image.colours() == 3 && imageChannels(info) == 1) {
-    throw std::runtime_error("a colour image, but the function takes " + label(info));
+  const bool gray = imageChannels(info) == 1, anyColour = holdsPixels(info) || info.space == "Color";
+  if (gray ? image.colours() == 3 : image.colours() == 1 && !anyColour) {
+    throw std::runtime_error(std::string("a ") + (gray ? "colour" : "gray") + " image, but expected is " + label(info));
   }
   if (image.bits != sampleBits(info.sample)) {
-    throw std::runtime_error("the samples have " + std::to_string(image.bits) + " bits, but the function takes " +
-                             label(info));
+    throw std::runtime_error("the samples have " + std::to_string(image.bits) + " bits, but expected is " +
+                             label(info) + (isScalable(info) ? " ('tolk convert' changes depths)" : ""));
   }
+}
+
+// Between 16s samples and the same counted from zero.
+void flipSigns(std::span<uint8_t> samples) {
+  for (size_t high = 1; high < samples.size(); high += 2) samples[high] ^= 0x80;
 }
 
 }  // namespace
@@ -93,7 +103,9 @@ std::string label(const SideInfo& info) {
   return std::string(info.space) + " " + std::string(info.layout) + " " + std::string(info.sample);
 }
 
-bool holdsPixels(const SideInfo& side) { return (side.space == "RGB" || side.space == "BGR") && side.sample == "8u"; }
+bool holdsPixels(const SideInfo& side) { return side.space == "RGB" || side.space == "BGR"; }
+
+bool isScalable(const SideInfo& side) { return (holdsPixels(side) || side.space == "Gray") && side.sample != "16s"; }
 
 std::optional<SideInfo> exchangedChroma(SideInfo side) {
   static constexpr std::string_view kSpaces[][2] = {{"YCbCr422", "YCrCb422"}, {"YCbCr420", "YCrCb420"}};
@@ -106,9 +118,14 @@ std::optional<SideInfo> exchangedChroma(SideInfo side) {
 }
 
 std::optional<int> repackingCost(const SideInfo& from, const SideInfo& to) {
-  const bool fourth = isFourBytes(from.layout), same = from.layout == to.layout || (fourth && isFourBytes(to.layout));
-  if (from.sample == to.sample && from.space == to.space && same) return 0;
-  if (holdsPixels(from) && holdsPixels(to)) return fourth == isFourBytes(to.layout) ? 1 : 2;
+  const bool fourth = isFourChannels(from.layout), toFourth = isFourChannels(to.layout);
+  const bool same = from.space == to.space && (from.layout == to.layout || (fourth && toFourth));
+  if (from.sample == to.sample && same) return 0;
+  const int depth = from.sample == to.sample ? 0 : 3;
+  if (isScalable(from) && isScalable(to)) {
+    if (holdsPixels(from) && holdsPixels(to)) return depth + (same ? 0 : fourth == toFourth ? 1 : 2);
+    return same ? std::optional(depth) : std::nullopt;
+  }
   const auto exchanged = exchangedChroma(from);
   const bool swaps = exchanged && exchanged->space == to.space && from.layout == "P3" && to.layout == "P3";
   return swaps ? std::optional(1) : std::nullopt;
@@ -116,7 +133,7 @@ std::optional<int> repackingCost(const SideInfo& from, const SideInfo& to) {
 
 RawImage repacked(RawImage from, const SideInfo& to, uint8_t alpha) {
   if (label(from.info) == label(to)) return from;
-  if (holdsPixels(to)) return fromImage(toImage(from), to, alpha);
+  if (isScalable(to)) return fromImage(withBits(toImage(from), sampleBits(to.sample)), to, alpha);
   from.info = to;
   const Side planes = from.side();
   auto* first = static_cast<uint8_t*>(planes.plane[1]);
@@ -126,30 +143,47 @@ RawImage repacked(RawImage from, const SideInfo& to, uint8_t alpha) {
 }
 
 bool servesImages(const SideInfo& info) {
-  return (info.space == "RGB" || info.space == "BGR" || info.space == "Gray" || info.space == "Gray10") &&
-         (info.sample == "8u" || info.sample == "16u");
+  constexpr std::string_view kSpaces[] = {"RGB", "BGR", "Color", "Gray", "Gray10", "XYZ", "HLS", "HSV", "YCC"};
+  constexpr std::string_view kSamples[] = {"8u", "16u", "16s", "32f", "64f"};
+  auto has = [](const auto& names, std::string_view name) {
+    return std::find(std::begin(names), std::end(names), name) != std::end(names);
+  };
+  return has(kSpaces, info.space) && has(kSamples, info.sample);
 }
 
 int imageChannels(const SideInfo& info) { return info.layout.back() - '0'; }
 
+void setAlpha(RawImage& raw, uint8_t alpha) {
+  const int bits = sampleBits(raw.info.sample);
+  std::array<uint8_t, sizeof(double)> sample{};
+  storeFraction(sample.data(), bits, alpha / 255.0);
+  if (raw.info.sample == "16s") flipSigns(sample);
+  const size_t pixels = static_cast<size_t>(raw.size.width) * static_cast<size_t>(raw.size.height);
+  copyChannel(channelOf(raw, 3), {sample.data(), 0}, pixels, static_cast<size_t>(bits) / 8);
+}
+
 RawImage fromImage(Image image, const SideInfo& info, uint8_t alpha) {
   requireFits(image, info);
   RawImage raw(info, {image.width, image.height});
-  Bytes missing(image.sampleBytes(), alpha);
   for (int c = 0; c < imageChannels(info); ++c) {
-    Channel from = channelOf(image, image.colours() == 1 ? 0 : c);
-    if (c == 3) from = image.hasAlpha() ? channelOf(image, image.channels - 1) : Channel{missing.data(), 0};
+    if (c == 3 && !image.hasAlpha()) continue;
+    const Channel from = channelOf(image, c == 3 ? image.channels - 1 : image.colours() == 1 ? 0 : c);
     copyChannel(channelOf(raw, c), from, image.pixels(), image.sampleBytes());
   }
+  if (info.sample == "16s") flipSigns(raw.bytes);
+  if (imageChannels(info) == 4 && !image.hasAlpha()) setAlpha(raw, alpha);
   return raw;
 }
 
-Image toImage(RawImage& raw) {
-  Image image{raw.size.width, raw.size.height, imageChannels(raw.info), sampleBits(raw.info.sample), {}};
+Image toImage(RawImage& raw) { return toImage(raw, imageChannels(raw.info)); }
+
+Image toImage(RawImage& raw, int channels) {
+  Image image{raw.size.width, raw.size.height, channels, sampleBits(raw.info.sample), {}};
   image.allocate();
   for (int c = 0; c < image.channels; ++c) {
     copyChannel(channelOf(image, c), channelOf(raw, c), image.pixels(), image.sampleBytes());
   }
+  if (raw.info.sample == "16s") flipSigns(image.samples);
   for (size_t at = 0; raw.info.space == "Gray10" && at < image.samples.size(); at += 2) {
     uint16_t sample;
     std::memcpy(&sample, &image.samples[at], 2);

@@ -1,7 +1,8 @@
-// Binary PGM and PPM.
+// Binary PGM and PPM, and PFM for floating point.
 #include <algorithm>
 #include <bit>
 #include <cctype>
+#include <charconv>
 #include <stdexcept>
 
 #include "image_io.h"
@@ -10,10 +11,18 @@ namespace tolk {
 
 namespace {
 
-// PNM holds 16-bit samples most significant byte first.
+constexpr bool kLittle = std::endian::native == std::endian::little;
+
 void swapBytes(Image& image) {
-  if (image.bits != 16 || std::endian::native == std::endian::big) return;
-  for (size_t i = 0; i + 1 < image.samples.size(); i += 2) std::swap(image.samples[i], image.samples[i + 1]);
+  const auto sample = static_cast<ptrdiff_t>(image.sampleBytes());
+  for (auto at = image.samples.begin(); at != image.samples.end(); at += sample) std::reverse(at, at + sample);
+}
+
+// PFM stands on its head.
+void swapRows(Image& image) {
+  const auto row = static_cast<ptrdiff_t>(image.rowBytes());
+  auto top = image.samples.begin(), bottom = image.samples.end() - row;
+  for (; top < bottom; top += row, bottom -= row) std::swap_ranges(top, top + row, bottom);
 }
 
 class Header {
@@ -29,9 +38,29 @@ class Header {
     return value;
   }
 
-  std::span<const uint8_t> samples() {
+  // Of PFM's scale only the sign is heeded: below zero the least significant byte comes first.
+  bool scaleIsNegative() {
+    skipSpace();
+    const size_t start = at_;
+    while (at_ < file_.size() && !std::isspace(peek())) ++at_;
+    double scale = 0;
+    const auto* words = reinterpret_cast<const char*>(file_.data());
+    const auto got = std::from_chars(words + start + (start < at_ && words[start] == '+'), words + at_, scale);
+    if (got.ec != std::errc() || got.ptr != words + at_ || scale == 0) {
+      throw std::runtime_error("a bad scale in the PFM header");
+    }
+    return scale < 0;
+  }
+
+  void readSamples(Image& image) {
     if (!std::isspace(peek())) throw std::runtime_error("the PNM header does not end with a space");
-    return file_.subspan(at_ + 1);
+    const auto samples = file_.subspan(at_ + 1);
+    const size_t expected = image.rowBytes() * static_cast<size_t>(image.height);
+    if (samples.size() < expected) {
+      throw std::runtime_error("the file ends early: expected " + std::to_string(expected) + " bytes of samples, got " +
+                               std::to_string(samples.size()));
+    }
+    image.samples.assign(samples.begin(), samples.begin() + static_cast<ptrdiff_t>(expected));
   }
 
  private:
@@ -54,33 +83,38 @@ class Header {
 
 Image decodePnm(std::span<const uint8_t> file) {
   Header header(file);
+  const bool real = file[1] == 'F' || file[1] == 'f';
   Image image;
-  image.channels = file[1] == '6' ? 3 : 1;
+  image.channels = file[1] == '6' || file[1] == 'F' ? 3 : 1;
   image.width = header.number();
   image.height = header.number();
-  const int32_t maximum = header.number();
-  if (maximum != 255 && maximum != 65535) {
+  const int32_t maximum = real ? 0 : header.number();
+  if (!real && maximum != 255 && maximum != 65535) {
     throw std::runtime_error("the largest sample value is " + std::to_string(maximum) +
                              "; only 255 and 65535 are read");
   }
-  image.bits = maximum == 255 ? 8 : 16;
+  image.bits = real ? 32 : maximum == 255 ? 8 : 16;
+  const bool little = real && header.scaleIsNegative();
   if (image.width == 0 || image.height == 0) throw std::runtime_error("the image has no pixels");
-  const auto samples = header.samples();
-  const size_t expected = image.rowBytes() * static_cast<size_t>(image.height);
-  if (samples.size() < expected) {
-    throw std::runtime_error("the file ends early: expected " + std::to_string(expected) + " bytes of samples, got " +
-                             std::to_string(samples.size()));
-  }
-  image.samples.assign(samples.begin(), samples.begin() + static_cast<ptrdiff_t>(expected));
-  swapBytes(image);
+  header.readSamples(image);
+  if (little != kLittle) swapBytes(image);
+  if (real) swapRows(image);
   return image;
 }
 
 Bytes encodePnm(const Image& image) {
-  const std::string header = std::string(image.channels == 3 ? "P6" : "P5") + "\n" + std::to_string(image.width) + " " +
-                             std::to_string(image.height) + "\n" + (image.bits == 8 ? "255" : "65535") + "\n";
+  const bool real = image.bits == 32, colour = image.channels == 3;
+  const std::string header = std::string(real     ? (colour ? "PF" : "Pf")
+                                         : colour ? "P6"
+                                                  : "P5") +
+                             "\n" + std::to_string(image.width) + " " + std::to_string(image.height) + "\n" +
+                             (real              ? (kLittle ? "-1.0" : "1.0")
+                              : image.bits == 8 ? "255"
+                                                : "65535") +
+                             "\n";
   Image swapped = image;
-  swapBytes(swapped);
+  if (real) swapRows(swapped);
+  if (!real && kLittle) swapBytes(swapped);
   Bytes file(header.begin(), header.end());
   file.insert(file.end(), swapped.samples.begin(), swapped.samples.end());
   return file;

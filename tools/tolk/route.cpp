@@ -14,8 +14,8 @@ namespace {
 
 using Matrix = std::optional<std::string>;
 
-// Compared from the left: matrices, loss of chroma, resampling, kinds of matrix, repacking.
-using Cost = std::array<int, 5>;
+// Compared from the left: matrices, loss of chroma, resampling, kinds of matrix, loss of depth, repacking.
+using Cost = std::array<int, 6>;
 
 struct PricedStep {
   Step step;
@@ -29,7 +29,15 @@ bool isChoosable(const Function& function, const Matrix& matrix) {
   if (!own || function.inPlace || function.src.tight) return false;
   if (function.operation == "YCbCr420ToYCrCb420") return false;  // against its name it puts Cb first
   if (function.operation == "RGBToCbYCr422") return false;       // its filter pales the chroma of a row's first pair
+  if (function.operation == "YCbCr422ToGray") return false;      // its gray keeps luma's studio range
   return !matrix || !hasMatrix(function) || *matrix == matrixName(*own);
+}
+
+// A function had best work at the depth of the deeper end.
+int depthLoss(const Format& from, const Function& function, const Format& to) {
+  const int wanted = std::max(sampleBits(from.side.sample), sampleBits(to.side.sample));
+  const int apart = sampleBits(function.src.sample) - wanted;
+  return apart < 0 ? -2 * apart : apart;
 }
 
 std::optional<PricedStep> findStep(const Format& from, const Format& to, const Matrix& matrix) {
@@ -38,7 +46,8 @@ std::optional<PricedStep> findStep(const Format& from, const Format& to, const M
     const auto in = repackingCost(from.side, step.src), out = repackingCost(step.dst, to.side);
     if (!in || !out) return;
     const Function& f = *step.function;
-    const Cost cost = {hasMatrix(f), 0, isResampling(f), hasMatrix(f) ? *matrixOf(f) : 0, *in + *out + extra};
+    const int kind = hasMatrix(f) ? *matrixOf(f) : 0;
+    const Cost cost = {hasMatrix(f), 0, isResampling(f), kind, depthLoss(from, f, to), *in + *out + extra};
     if (!best || cost < best->cost) best = {step, cost};
   };
   for (const Function& function : functions()) {
@@ -91,7 +100,7 @@ Route requireRoute(const Format& from, const Format& to, const Matrix& matrix) {
   if (auto route = findRoute(from, to, matrix)) {
     auto any =
         std::any_of(route->steps.begin(), route->steps.end(), [](auto& step) { return hasMatrix(*step.function); });
-    if (matrix && !any) throw std::runtime_error("from " + names + " samples are only moved: no matrix is applied");
+    if (matrix && !any) throw std::runtime_error("from " + names + " no matrix of YCbCr is applied");
     return *route;
   }
   const std::string given = matrix ? " with the matrix " + *matrix : "";

@@ -22,8 +22,8 @@ struct Route {
   std::vector<Step> steps;             // none where repacking does
 };
 
-// One step rather than two; then the fewest colour matrices, the least loss of chroma, the matrix 601, and the least
-// repacking. Fails with what can be reached.
+// One step rather than two; then the fewest colour matrices, the least loss of chroma, the matrix 601, the least loss
+// of depth, and the least repacking. Fails with what can be reached.
 Route requireRoute(const Format& from, const Format& to, const std::optional<std::string>& matrix);
 
 // The size, from `size` up, of which the steps leave no column or row out.

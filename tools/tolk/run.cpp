@@ -1,5 +1,6 @@
 // The run command: one call of the library between two files.
 #include <algorithm>
+#include <cmath>
 #include <iomanip>
 #include <iostream>
 #include <stdexcept>
@@ -10,6 +11,7 @@
 #include "lookup.h"
 #include "matrices.h"
 #include "raw_files.h"
+#include "samples.h"
 
 namespace tolk {
 
@@ -44,33 +46,57 @@ RawImage readSource(const RunOptions& options, const Function& function) {
   return readRaw(options.in, function.src, parseSize(options.size));
 }
 
-double opaque(const SideInfo& side) { return side.sample == "32f" ? 1 : side.sample == "16u" ? 65535 : 255; }
-
 double alphaFor(const RunOptions& options, const Function& function) {
-  if (!options.alpha) return opaque(function.dst);
+  const double opaque = fullScale(sampleBits(function.dst.sample));
+  if (!options.alpha) return opaque;
   if (!function.has("alpha")) throw std::runtime_error(std::string(function.name) + " takes no alpha");
+  const bool whole = *options.alpha >= 0 && *options.alpha <= opaque && *options.alpha == std::floor(*options.alpha);
+  if (!whole && opaque > 1) {
+    throw std::runtime_error("--alpha of " + std::string(function.name) + " is a whole number from 0 to " +
+                             std::to_string(static_cast<int>(opaque)));
+  }
   return *options.alpha;
+}
+
+Arguments argumentsFor(const RunOptions& options, const Function& function) {
+  Arguments arguments = {alphaFor(options, function), {}};
+  if (!options.coeffs.empty()) {
+    if (!function.has("coeffs[3]")) throw std::runtime_error(std::string(function.name) + " takes no coeffs");
+    std::copy_n(options.coeffs.begin(), 3, arguments.coeffs.emplace().begin());
+  } else if (function.name == "tolkColorToGray_64f_AC4C1R") {
+    throw std::runtime_error(std::string(function.name) + " has no weights of its own: it needs --coeffs");
+  }
+  return arguments;
+}
+
+// The channels that go into the image file: the fourth of AC4, which a function may leave alone, is left out where the
+// file has no place for it.
+int fileChannels(const std::string& path, const SideInfo& side) {
+  const int channels = imageChannels(side), bits = sampleBits(side.sample);
+  return side.layout == "AC4" && !holds(path, channels, bits) ? channels - 1 : channels;
 }
 
 }  // namespace
 
 void runFunction(const RunOptions& options) {
   const Function& function = requireFunction(options.function);
-  const double alpha = alphaFor(options, function);
+  const Arguments arguments = argumentsFor(options, function);
   const bool toImageFile = isImageFile(options.out), toVideo = isY4mFile(options.out);
   if ((toImageFile && !servesImages(function.dst)) || (toVideo && !servesY4m(function.dst))) {
     failWithSide(options.out, function, function.dst, "gives");
   }
-  if (toImageFile) requireHolds(options.out, imageChannels(function.dst), sampleBits(function.dst.sample));
+  const int channels = toImageFile ? fileChannels(options.out, function.dst) : 0;
+  if (toImageFile) requireHolds(options.out, channels, sampleBits(function.dst.sample));
   RawImage src = readSource(options, function);
   RawImage dst(function.dst, src.size);
+  if (toImageFile && function.dst.layout == "AC4") setAlpha(dst, 255);
   if (function.operation == "YCbCr420To411" && src.size.height == 2) {
     src.bytes.resize(src.bytes.size() + static_cast<size_t>(src.shapes[2].rowBytes));  // it reads below each plane
   }
 
-  const double seconds = callFunction(function, src, dst, alpha, std::max(options.repeat, 1), options.strict);
+  const double seconds = callFunction(function, src, dst, arguments, std::max(options.repeat, 1), options.strict);
   if (toImageFile) {
-    writeImage(options.out, toImage(dst));
+    writeImage(options.out, toImage(dst, channels));
   } else if (toVideo) {
     writeY4m(options.out, dst, rangeOf(function));
   } else {

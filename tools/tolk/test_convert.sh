@@ -122,11 +122,10 @@ out.png: such a file cannot hold nv12|six.ppm out.png --to nv12
 out.y4m: such a file cannot hold nv12|six.ppm out.y4m --to nv12
 cannot hold 8-bit RGB and alpha|six.ppm out.jpg --to rgba
 nv12 has no alpha|six.ppm out.raw --to nv12 --alpha 3
-the samples have 16 bits|deep.ppm out.raw --to nv12
 no one or two functions lead from v210 to rgb24|two.v210 out.png --size 1x2
 they lead to gray10 rgb565 bgr565|two.v210 out.png --size 1x2
 with the matrix 709; with 601 they do|six.ppm out.raw --to ycbcr444p --matrix 709
-samples are only moved: no matrix is applied|six.nv12 out.raw --to i420 --size 3x2 --matrix 709
+from nv12 to i420 no matrix of YCbCr is applied|six.nv12 out.raw --to i420 --size 3x2 --matrix 709
 --matrix|six.ppm out.raw --to nv12 --matrix 2020
 END
 while IFS='|' read -r content words; do

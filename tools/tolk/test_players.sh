@@ -62,6 +62,14 @@ for size in 160x120 161x121; do
   done <<<"$formats"
 done
 
+# TIFF of 16 bits, which the other program narrows by cutting off
+convert picture.ppm ours.tiff --to rgb48
+play -i ours.tiff -pix_fmt rgb24 shown.ppm
+above 47 picture.ppm shown.ppm "TIFF shown by ffmpeg"
+play -i picture.ppm -pix_fmt rgb48le theirs.tiff
+convert theirs.tiff back.ppm --to rgb24
+above 47 picture.ppm back.ppm "TIFF of ffmpeg"
+
 # The measure itself: chroma in the wrong order.
 convert cropped.ppm ours.raw --to nv12
 convert ours.raw back.ppm --from nv21 --size "$size"

@@ -136,7 +136,7 @@ head -c 60 all.png >cut.png
 head -c 300 all.jpg >cut.jpg
 say 1 "cannot read none.png: No such file" run "$toPlanes" none.png out.raw
 say 1 "cannot read .: Is a directory" run "$toPlanes" . out.raw --size 2x1
-say 1 "not a PNG, JPEG or binary PGM" run "$toPlanes" words.png out.raw
+say 1 "not a PNG, JPEG, TIFF, PFM or binary PGM" run "$toPlanes" words.png out.raw
 say 1 "cut.png: a bad PNG image" run "$toPlanes" cut.png out.raw
 say 1 "cut.jpg: a bad JPEG image" run "$toPlanes" cut.jpg out.raw
 say 1 "short.ppm: the file ends early: expected 6 bytes of samples, got 3" run "$toPlanes" short.ppm out.raw
@@ -161,7 +161,7 @@ say 1 "cannot hold 8-bit RGB and alpha" run tolkYCbCrToRGB_8u_P3C4R a.yuv out.jp
 say 1 "cannot hold 8-bit RGB" run "$fromPlanes" a.yuv out.pgm --size 3x2
 say 1 "cannot write none/out.raw: No such file" run "$toPlanes" six.ppm none/out.raw
 say 1 "cannot write folder: Is a directory" run "$toPlanes" six.ppm folder
-say 1 "names no image format" panel out.tiff six.ppm
+say 1 "names no image format" panel out.gif six.ppm
 say 1 "$toPlanes returned tolkStatusBadSize (-6): width or height" run "$toPlanes" nothing.raw out.raw --size 0x4
 say 1 "a video file of other samples, but $toPlanes takes RGB C3 8u" run "$toPlanes" gray444.y4m out.raw
 say 1 "gives YCbCr C3 8u" run "$toPacked" six.ppm out.y4m
