@@ -6,19 +6,19 @@
 
 namespace {
 
-using Coeffs = std::optional<std::array<double, 3>>;
-using known::Pixels;
+using known::Coeffs, known::Pixels;
 
 // Expects `want` of one row by "tolkColorToGray_" + type, or by tolkRGBToGray_ too where coeffs is missing.
 template <class Sample>
 void expectGray(const std::string& type, const Pixels<Sample>& row, const Coeffs& coeffs,
                 const std::vector<Sample>& want, std::initializer_list<int> channelCounts = {3, 4}) {
-  Pixels<Sample, 1> grays;
-  for (const Sample gray : want) grays.push_back({gray});
+  std::vector<known::Column<Sample>> columns;
+  for (size_t x = 0; x < row.size(); ++x) columns.push_back({row[x], {{want[x]}}});
   for (const char* operation : {"tolkColorToGray_", "tolkRGBToGray_"})
     for (const int channels : channelCounts)
       if (operation[4] == 'C' || (!coeffs && type != "64f"))
-        known::expectRow(operation + type + (channels == 3 ? "_C3C1R" : "_AC4C1R"), row, grays, coeffs);
+        known::expectRow(operation + type + (channels == 3 ? "_C3C1R" : "_AC4C1R"), columns, known::Fourth::Kept,
+                         coeffs);
 }
 
 constexpr Coeffs kNone;

@@ -2,13 +2,11 @@
 // which the reciprocal estimate may just not reach.
 #include <limits>
 
-#include "spaces/pixel_values.h"
+#include "spaces/known_values.h"
 
 namespace {
 
-using pixels::expectValues;
-template <class Sample>
-using Values = std::vector<pixels::Value<Sample>>;
+using known::expectValues, known::kPacked, known::Values;
 
 TEST(Hls, FromBytes) {
   const Values<uint8_t> values = {
@@ -27,42 +25,26 @@ TEST(Hls, FromBytes) {
       {{201, 50, 100}, {{240, 125, 153}}},
       {{250, 200, 150}, {{21, 200, 231}}},
   };
-  expectValues("tolkRGBToHLS_8u_", {"C3R", "AC4R"}, values);
+  expectValues("tolkRGBToHLS_8u_", kPacked, values);
   expectValues("tolkBGRToHLS_8u_", {"C3P3R", "P3C3R", "P3R", "AC4P4R", "AP4C4R", "AP4R", "AC4R"}, values,
-               pixels::Fourth::Copied);
-}
-
-// The same in 16s, where every sample is less by 32768.
-void expectWords(const std::string& operation, const Values<uint16_t>& values) {
-  const auto biased = [](const pixels::Pixel<uint16_t>& p) {
-    const auto word = [](int v) { return static_cast<int16_t>(v - 32768); };
-    return pixels::Pixel<int16_t>{word(p[0]), word(p[1]), word(p[2])};
-  };
-  Values<int16_t> signedValues;
-  for (const auto& value : values) {
-    std::vector<pixels::Pixel<int16_t>> accepted;
-    for (const auto& pixel : value.first) accepted.push_back(biased(pixel));
-    signedValues.emplace_back(biased(value.from), accepted);
-  }
-  expectValues(operation + "_16u_", {"C3R", "AC4R"}, values);
-  expectValues(operation + "_16s_", {"C3R", "AC4R"}, signedValues);
+               known::Fourth::Copied);
 }
 
 TEST(Hls, FromWords) {
-  expectWords("tolkRGBToHLS", {
-                                  {{0, 0, 0}, {{0, 0, 0}}},
-                                  {{65535, 65535, 65535}, {{0, 65535, 0}}},
-                                  {{32768, 32768, 32768}, {{0, 32768, 0}}},
-                                  {{65535, 0, 0}, {{0, 32767, 65535}, {0, 32767, 65534}}},
-                                  {{65535, 0, 1}, {{65534, 32767, 65535}, {65534, 32767, 65534}}},
-                                  {{65535, 1, 1}, {{0, 32768, 65535}, {0, 32768, 65534}}},  // over the sum 65532
-                                  {{40001, 20000, 10000}, {{3640, 25000, 39321}}},
-                              });
+  known::expectWords("tolkRGBToHLS", {
+                                         {{0, 0, 0}, {{0, 0, 0}}},
+                                         {{65535, 65535, 65535}, {{0, 65535, 0}}},
+                                         {{32768, 32768, 32768}, {{0, 32768, 0}}},
+                                         {{65535, 0, 0}, {{0, 32767, 65535}, {0, 32767, 65534}}},
+                                         {{65535, 0, 1}, {{65534, 32767, 65535}, {65534, 32767, 65534}}},
+                                         {{65535, 1, 1}, {{0, 32768, 65535}, {0, 32768, 65534}}},  // over the sum 65532
+                                         {{40001, 20000, 10000}, {{3640, 25000, 39321}}},
+                                     });
 }
 
 TEST(Hls, FromFloats) {
   constexpr float kDegree = 0.0027777778f, kInfinite = std::numeric_limits<float>::infinity();
-  expectValues<float>("tolkRGBToHLS_32f_", {"C3R", "AC4R"},
+  expectValues<float>("tolkRGBToHLS_32f_", kPacked,
                       {
                           {{0.25f, 0.25f, 0.25f}, {{0, 0.25f, 0}}},
                           {{1, 0, 0}, {{0, 0.5f, 1}}},
@@ -89,13 +71,13 @@ TEST(Hls, ToBytes) {
       // 11.99999 and 12.00003: the sum with 120 loses a digit of 244.235306.
       {{173, 85, 255}, {{11, 0, 170}}, {{12, 0, 170}}},
   };
-  expectValues("tolkHLSToRGB_8u_", {"C3R", "AC4R"}, values);
+  expectValues("tolkHLSToRGB_8u_", kPacked, values);
   expectValues("tolkHLSToBGR_8u_", {"C3P3R", "P3C3R", "P3R", "AC4P4R", "AP4C4R", "AP4R"}, values,
-               pixels::Fourth::Copied);
+               known::Fourth::Copied);
 }
 
 TEST(Hls, ToUnsignedWordsThatAreEven) {
-  expectValues<uint16_t>("tolkHLSToRGB_16u_", {"C3R", "AC4R"},
+  expectValues<uint16_t>("tolkHLSToRGB_16u_", kPacked,
                          {
                              {{0, 65535, 0}, {{65534, 65534, 65534}}},
                              {{0, 65535, 65535}, {{65534, 65534, 65534}}},
@@ -105,7 +87,7 @@ TEST(Hls, ToUnsignedWordsThatAreEven) {
 }
 
 TEST(Hls, ToSignedWords) {
-  expectValues<int16_t>("tolkHLSToRGB_16s_", {"C3R", "AC4R"},
+  expectValues<int16_t>("tolkHLSToRGB_16s_", kPacked,
                         {
                             {{0, 32767, -32768}, {{32767, 32767, 32767}}},
                             {{0, -32768, 32767}, {{-32768, -32768, -32768}}},
@@ -117,7 +99,7 @@ TEST(Hls, ToSignedWords) {
 TEST(Hls, ToFloats) {
   constexpr float kSixtieth = 0.016666668f, kQuarterUp = 0x1.000002p-2f;
   expectValues<float>(
-      "tolkHLSToRGB_32f_", {"C3R", "AC4R"},
+      "tolkHLSToRGB_32f_", kPacked,
       {
           {{0.3f, 3e38f, 0}, {{3e38f, 3e38f, 3e38f}}},
           {{5, -7, -0.0f}, {{-7, -7, -7}}},

@@ -1,13 +1,13 @@
 // Values of hue, saturation and value worked out by hand. Where two are accepted, the quotient lies half way between
 // them, and the reciprocal estimate on either side.
-#include "spaces/pixel_values.h"
+#include "spaces/known_values.h"
 
 namespace {
 
-using pixels::expectValues;
+using known::expectValues, known::kPacked;
 
 TEST(Hsv, FromBytes) {
-  expectValues<uint8_t>("tolkRGBToHSV_8u_", {"C3R", "AC4R"},
+  expectValues<uint8_t>("tolkRGBToHSV_8u_", kPacked,
                         {
                             {{0, 0, 0}, {{0, 0, 0}}},
                             {{255, 255, 255}, {{0, 0, 255}}},
@@ -26,7 +26,7 @@ TEST(Hsv, FromBytes) {
 }
 
 TEST(Hsv, FromWords) {
-  expectValues<uint16_t>("tolkRGBToHSV_16u_", {"C3R", "AC4R"},
+  expectValues<uint16_t>("tolkRGBToHSV_16u_", kPacked,
                          {
                              {{0, 0, 0}, {{0, 0, 0}}},
                              {{65535, 65535, 65535}, {{0, 0, 65535}}},
@@ -45,7 +45,7 @@ TEST(Hsv, FromWords) {
 }
 
 TEST(Hsv, ToBytes) {
-  expectValues<uint8_t>("tolkHSVToRGB_8u_", {"C3R", "AC4R"},
+  expectValues<uint8_t>("tolkHSVToRGB_8u_", kPacked,
                         {
                             {{77, 0, 88}, {{88, 88, 88}}},
                             {{0, 255, 255}, {{255, 0, 0}}},
@@ -63,7 +63,7 @@ TEST(Hsv, ToBytes) {
 }
 
 TEST(Hsv, ToWords) {
-  expectValues<uint16_t>("tolkHSVToRGB_16u_", {"C3R", "AC4R"},
+  expectValues<uint16_t>("tolkHSVToRGB_16u_", kPacked,
                          {
                              {{0, 0, 1234}, {{1234, 1234, 1234}}},
                              {{65535, 65535, 65535}, {{65535, 0, 0}}},
