@@ -65,6 +65,14 @@ constexpr Entry kEntries[] = {
     {"HLS C3", "BGR C3", cv::COLOR_HLS2BGR_FULL, "8u 32f"},
     {"RGB C3", "HSV C3", cv::COLOR_RGB2HSV_FULL},
     {"HSV C3", "RGB C3", cv::COLOR_HSV2RGB_FULL},
+    {"RGB C3", "Lab C3", cv::COLOR_LRGB2Lab, "8u 32f"},
+    {"BGR C3", "Lab C3", cv::COLOR_LBGR2Lab, "8u 32f"},
+    {"Lab C3", "RGB C3", cv::COLOR_Lab2LRGB, "8u 32f"},
+    {"Lab C3", "BGR C3", cv::COLOR_Lab2LBGR, "8u 32f"},
+    {"RGB C3", "LUV C3", cv::COLOR_LRGB2Luv, "8u 32f"},
+    {"BGR C3", "LUV C3", cv::COLOR_LBGR2Luv, "8u 32f"},
+    {"LUV C3", "RGB C3", cv::COLOR_Luv2LRGB, "8u 32f"},
+    {"LUV C3", "BGR C3", cv::COLOR_Luv2LBGR, "8u 32f"},
 };
 
 cv::Mat packed(const tolk::Side& side, size_t plane, int channels, int width, int height, int depth = CV_8U) {

@@ -19,11 +19,20 @@ set(TOLK_SOURCES
     lumachroma/yuv.cpp
     lumachroma/yuv_decoders.cpp
     lumachroma/yuv_encoders.cpp
+    spaces/gamma.cpp
     spaces/gray.cpp
     spaces/hls.cpp
     spaces/hsv.cpp
+    spaces/lab.cpp
+    spaces/luv.cpp
     spaces/photoycc.cpp
     spaces/xyz.cpp)
+
+# The gamma tables are calculated by a program of the build, once for all classes.
+add_executable(make_gamma_tables tools/make_gamma_tables.cpp)
+set(gamma_tables ${PROJECT_BINARY_DIR}/gamma_tables.cpp)
+add_custom_command(OUTPUT ${gamma_tables} COMMAND make_gamma_tables > ${gamma_tables} DEPENDS make_gamma_tables VERBATIM)
+list(APPEND TOLK_SOURCES ${gamma_tables})
 
 set(TOLK_WARNINGS -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wno-sign-conversion -Wno-psabi)
 if(TOLK_WERROR)

@@ -36,15 +36,18 @@ struct StepTest {
   TolkStatus fault() const { return srcStep < 1 || dstStep < 1 ? tolkStatusBadStep : tolkStatusOk; }
 };
 inline StepTest steps(int32_t srcStep, int32_t dstStep) { return {srcStep, dstStep}; }
+inline StepTest steps(int32_t step) { return {step, step}; }
 
+template <class Size>
 struct SizeTest {
-  TolkSize roi, least;
+  Size roi, least;
   TolkStatus fault() const {
     return roi.width < least.width || roi.height < least.height ? tolkStatusBadSize : tolkStatusOk;
   }
 };
 inline constexpr int32_t kAnyHeight = INT32_MIN;
-inline SizeTest size(TolkSize roi, TolkSize least = {1, 1}) { return {roi, least}; }
+inline SizeTest<TolkSize> size(TolkSize roi, TolkSize least = {1, 1}) { return {roi, least}; }
+inline SizeTest<TolkSizeL> size(TolkSizeL roi) { return {roi, {1, 1}}; }
 
 template <class... Tests>
 TolkStatus check(const Tests&... tests) {

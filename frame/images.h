@@ -143,6 +143,113 @@ struct PackedTarget {
   Fourth fourth;
 };
 
+// ---- Packed samples of 16 bits, as many pixels to a lane as of bytes ----
+
+// The samples of the first and the last eight pixels of each lane.
+template <int L>
+struct WordPair {
+  using Sample = uint8_t;  // what there are as many of
+  U16<L> low, high;
+};
+template <int L>
+LANE_OP U16<L> widenLow(WordPair<L> a) {
+  return a.low;
+}
+template <int L>
+LANE_OP U16<L> widenHigh(WordPair<L> a) {
+  return a.high;
+}
+
+// Both halves of what a form of 16-bit numbers gives.
+LANE_OP auto joined(auto low, auto high) { return narrow(low, high); }
+template <int L>
+LANE_OP WordPair<L> joined(U16<L> low, U16<L> high) {
+  return {low, high};
+}
+
+template <class Layout>
+struct PairedSource {
+  struct Row : PackedRow<Layout, const uint16_t> {
+    using Sample = uint8_t;
+
+    template <int L>
+    LANE_OP auto load(ptrdiff_t x) const {
+      return pairs<L>(x, Whole{});
+    }
+    template <int L>
+    LANE_OP auto loadSome(ptrdiff_t x, ptrdiff_t pixels) const {
+      return pairs<L>(x, pixels * Row::kPixelBytes);
+    }
+    std::array<uint16_t, Layout::kChannels> loadPixel(ptrdiff_t x) const {
+      return PackedSource<Layout, uint16_t>{this->base, 0}.row(0).loadPixel(x);
+    }
+
+   private:
+    template <int L>
+    LANE_OP auto half(const uint8_t* p, auto bytes) const {
+      Registers<uint16_t, L, Layout::kStride> memory;
+      unrolled<Layout::kStride>([&](auto k) __attribute__((always_inline)) {
+        memory[k] = loadBytes<2 * Row::kLaneBytes, uint16_t, L>(p + 16 * k, bytes - 16 * k);
+      });
+      return unpackPixels<Layout>(memory);
+    }
+    template <int L>
+    LANE_OP auto pairs(ptrdiff_t x, auto bytes) const {
+      const auto low = half<L>(this->at(x), bytes),
+                 high = half<L>(this->at(x) + Row::kLaneBytes, bytes - Row::kLaneBytes);
+      std::array<WordPair<L>, Layout::kChannels> channel;
+      unrolled<Layout::kChannels>([&](auto c) __attribute__((always_inline)) { channel[c] = {low[c], high[c]}; });
+      return channel;
+    }
+  };
+  Row row(ptrdiff_t y) const { return {{base + y * step}}; }
+
+  const uint8_t* base;
+  ptrdiff_t step;
+};
+
+template <class Layout>
+struct PairedTarget {
+  static_assert(Layout::kStride == Layout::kChannels);
+  struct Row : PackedRow<Layout, uint16_t> {
+    template <int L>
+    LANE_OP void store(ptrdiff_t x, const std::array<WordPair<L>, Layout::kChannels>& channel) const {
+      storePairs(x, Whole{}, channel);
+    }
+    template <int L>
+    LANE_OP void storeSome(ptrdiff_t x, ptrdiff_t pixels,
+                           const std::array<WordPair<L>, Layout::kChannels>& channel) const {
+      storePairs(x, pixels * Row::kPixelBytes, channel);
+    }
+    void storePixel(ptrdiff_t x, const auto& pixel) const {
+      for (int c = 0; c < Layout::kChannels; ++c) {
+        this->setSample(x, Layout::kPlace[c], static_cast<uint16_t>(pixel[c]));
+      }
+    }
+
+   private:
+    template <int L>
+    LANE_OP void storePairs(ptrdiff_t x, auto bytes, const std::array<WordPair<L>, Layout::kChannels>& channel) const {
+      Registers<uint16_t, L, Layout::kChannels> low, high;
+      unrolled<Layout::kChannels>([&](auto c) __attribute__((always_inline)) {
+        low[c] = channel[c].low;
+        high[c] = channel[c].high;
+      });
+      const auto none = U16<L>::splat(0);
+      const auto first = packPixels<Layout>(low, none), last = packPixels<Layout>(high, none);
+      unrolled<Layout::kStride>([&](auto k) __attribute__((always_inline)) {
+        constexpr int kStep = 2 * Row::kLaneBytes;
+        storeBytes<kStep>(this->at(x) + 16 * k, first[k], bytes - 16 * k);
+        storeBytes<kStep>(this->at(x) + Row::kLaneBytes + 16 * k, last[k], bytes - Row::kLaneBytes - 16 * k);
+      });
+    }
+  };
+  Row row(ptrdiff_t y) const { return {{base + y * step}}; }
+
+  uint8_t* base;
+  ptrdiff_t step;
+};
+
 // ---- Planes of full resolution ----
 
 template <class Element, int C>
@@ -234,6 +341,28 @@ PlanarImage<T, C> to(T* const* dst, ptrdiff_t step) {
     image.step[c] = step;
   }
   return image;
+}
+
+// C planes with a step each.
+template <int C = 3, class T, class Step>
+PlanarImage<const T, C> from(const T* const* src, const Step* steps) {
+  auto image = from<C>(src, ptrdiff_t{0});
+  std::copy_n(steps, C, image.step.begin());
+  return image;
+}
+template <int C = 3, class T, class Step>
+PlanarImage<T, C> to(T* const* dst, const Step* steps) {
+  auto image = to<C>(dst, ptrdiff_t{0});
+  std::copy_n(steps, C, image.step.begin());
+  return image;
+}
+template <class Layout>
+PairedSource<Layout> fromPairs(const uint16_t* src, ptrdiff_t step) {
+  return {reinterpret_cast<const uint8_t*>(src), step};
+}
+template <class Layout>
+PairedTarget<Layout> toPairs(uint16_t* dst, ptrdiff_t step) {
+  return {reinterpret_cast<uint8_t*>(dst), step};
 }
 
 // The first three planes in the opposite order, as BGR is to RGB.

@@ -4,6 +4,7 @@
 #include <tuple>
 
 #include "frame/images.h"
+#include "lanes/both.h"
 #include "tolkcolor.h"
 
 namespace tolk {
@@ -60,23 +61,24 @@ concept TakesSamples = requires {
   requires Form::kTakesSamples;
 };
 
-// A form takes 16-bit numbers for bytes: each half of a byte register by itself.
-template <class Form, class T, int L, size_t C>
-LANE_OP auto applyForm(Form form, const std::array<Reg<T, L>, C>& channel) {
+// A form takes 16-bit numbers for bytes: each half of a byte register by itself, as it does those of pairs.
+template <class Form, class Channel, size_t C>
+LANE_OP auto applyForm(Form form, const std::array<Channel, C>& channel) {
   auto on = [&](auto convert) __attribute__((always_inline)) {
     return [&]<size_t... I>(std::index_sequence<I...>) __attribute__((always_inline)) {
       return form(convert(channel[I])...);
     }
     (std::make_index_sequence<C>{});
   };
-  if constexpr (sizeof(T) > 1 || TakesSamples<Form>) {
+  if constexpr (sizeof(typename Channel::Sample) > 1 || TakesSamples<Form>) {
     return on([](auto a) __attribute__((always_inline)) { return a; });
   } else {
     const auto low = on([](auto a) __attribute__((always_inline)) { return widenLow(a); });
     const auto high = on([](auto a) __attribute__((always_inline)) { return widenHigh(a); });
-    Registers<T, L, std::tuple_size_v<decltype(low)>> result;
-    unrolled<result.size()>([&](auto c) __attribute__((always_inline)) { result[c] = narrow(low[c], high[c]); });
-    return result;
+    return [&]<size_t... I>(std::index_sequence<I...>) __attribute__((always_inline)) {
+      return std::array{joined(low[I], high[I])...};
+    }
+    (std::make_index_sequence<std::tuple_size_v<decltype(low)>>{});
   }
 }
 
@@ -99,7 +101,16 @@ LANE_OP auto applyTailForm(Form form, const std::array<Reg<T, L>, C>& channel, p
 // Whole vectors of columns from x on; returns where they end.
 template <class Form, class Source, class Target>
 LANE_OP ptrdiff_t convertVectors(Form form, const Source& src, const Target& dst, ptrdiff_t x, ptrdiff_t end) {
-  constexpr ptrdiff_t kStep = kLanes * kLanePixels<typename Source::Sample>;
+  using Sample = typename Source::Sample;
+  constexpr ptrdiff_t kStep = kLanes * kLanePixels<Sample>;
+  if constexpr (requires { Form::kInStep; }) {
+    for (; x + 2 * kStep <= end; x += 2 * kStep) {
+      const auto channel = inStep(src.template load<kLanes>(x), src.template load<kLanes>(x + kStep));
+      const auto result = apart(std::apply([&](auto... c) { return form(c...); }, channel));
+      dst.template store<kLanes>(x, result.first);
+      dst.template store<kLanes>(x + kStep, result.second);
+    }
+  }
   for (; x + kStep <= end; x += kStep) dst.template store<kLanes>(x, applyForm(form, src.template load<kLanes>(x)));
   return x;
 }
@@ -158,12 +169,14 @@ LANE_OP void convertRow(ptrdiff_t y, ptrdiff_t width, ptrdiff_t end, const Sourc
       const auto samples = src.template loadSome<L>(x, pixels);
       auto result = decltype(applyForm(block.form, samples)){};
       if (blocks > 0) result = applyForm(block.form, samples);
-      if (BlockRule::kBlock > 1 && blocks < pixels) {
-        const auto mask = firstSamples<Sample, L>(std::max(blocks, ptrdiff_t{0}));
-        const auto tailResult = applyTailForm<BlockRule::kBlock>(tail.form, samples, end);
-        unrolled<result.size()>([&](auto c) __attribute__((always_inline)) {
-          result[c] = choose(mask, result[c], tailResult[c]);
-        });
+      if constexpr (BlockRule::kBlock > 1) {
+        if (blocks < pixels) {
+          const auto mask = firstSamples<Sample, L>(std::max(blocks, ptrdiff_t{0}));
+          const auto tailResult = applyTailForm<BlockRule::kBlock>(tail.form, samples, end);
+          unrolled<result.size()>([&](auto c) __attribute__((always_inline)) {
+            result[c] = choose(mask, result[c], tailResult[c]);
+          });
+        }
       }
       if (kOneTarget || blocks > 0) {
         blockDst.template storeSome<L>(x, pixels, result);
@@ -177,20 +190,20 @@ LANE_OP void convertRow(ptrdiff_t y, ptrdiff_t width, ptrdiff_t end, const Sourc
 }  // namespace detail
 
 // Two forms: blocks of N, then the tail, each with its own target.
-template <class Source, int N, class BlockForm, class BlockTarget, class TailForm, class TailTarget>
-TolkStatus rows(TolkSize roi, Source src, Block<N, BlockForm, BlockTarget> block, Tail<TailForm, TailTarget> tail) {
+template <class Size, class Source, int N, class BlockForm, class BlockTarget, class TailForm, class TailTarget>
+TolkStatus rows(Size roi, Source src, Block<N, BlockForm, BlockTarget> block, Tail<TailForm, TailTarget> tail) {
   const ptrdiff_t width = roi.width, end = width & ~ptrdiff_t{N - 1};
   for (ptrdiff_t y = 0; y < roi.height; ++y) detail::convertRow(y, width, end, src, block, tail);
   return tolkStatusOk;
 }
-template <class Source, class Target, int N, class BlockForm, class TailForm>
-TolkStatus rows(TolkSize roi, Source src, Target dst, Block<N, BlockForm> b, Tail<TailForm> t) {
+template <class Size, class Source, class Target, int N, class BlockForm, class TailForm>
+TolkStatus rows(Size roi, Source src, Target dst, Block<N, BlockForm> b, Tail<TailForm> t) {
   return rows(roi, src, block<N>(b.form, dst), tail(t.form, dst));
 }
 
 // One form for every column.
-template <class Source, class Target, class Form>
-TolkStatus rows(TolkSize roi, Source src, Target dst, Form form) {
+template <class Size, class Source, class Target, class Form>
+TolkStatus rows(Size roi, Source src, Target dst, Form form) {
   return rows(roi, src, block<1>(form, dst), tail(form, dst));
 }
 

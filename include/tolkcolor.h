@@ -2,8 +2,8 @@
  *
  * Every function is flat: it takes caller-owned memory, converts one rectangular region, and returns a status. It keeps
  * no state, starts no thread, allocates nothing and prints nothing, and may run on any number of threads at once over
- * different destinations. Every output bit is defined, and is the same in every build and, except where a family says
- * that it takes the processor's reciprocal estimate, on every processor.
+ * different destinations. Every output bit is defined, except where a family states an accuracy, and is the same in
+ * every build and, except where a family says that it takes the processor's reciprocal estimate, on every processor.
  *
  * Images. A pointer addresses the first sample of the region; a step is the distance in bytes from one row to the next,
  * so row y is at base + y * step, computed in 64 bits. Unless a family says that it tests steps, a step may be any
@@ -13,7 +13,8 @@
  * Names. tolk<From>To<To>[_variant]_<sample types>_<layouts>: colour spaces name their samples in memory order (BGR has
  * blue first). Layouts: C3 three interleaved channels; C4 four, the fourth computed, copied or set; AC4 four, the
  * fourth an alpha position that the operation does not compute; P2 luma and interleaved chroma planes; P3 three planes.
- * Two joined layouts are source then destination. R: works on a region with steps.
+ * Two joined layouts are source then destination. R: works on a region with steps. I: in place, on one image. _L: the
+ * same with a size and steps of 64 bits.
  *
  * Blocks and tails. Where a family gives two formulas, columns below `width & ~(N - 1)` of every row use the block
  * formula and the rest the tail formula. Both are part of the definition: a sample may depend on its column.
@@ -59,6 +60,12 @@ typedef struct TolkSize {
   int32_t width;
   int32_t height;
 } TolkSize;
+
+/** Region size in pixels of the _L forms. */
+typedef struct TolkSizeL {
+  int64_t width;
+  int64_t height;
+} TolkSizeL;
 
 /** Identity of the library that the process has loaded. */
 typedef struct TolkLibraryVersion {
@@ -1607,6 +1614,406 @@ TOLK_API TolkStatus tolkYCCToRGB_16s_AC4R(const int16_t* src, int32_t srcStep, i
 TOLK_API TolkStatus tolkYCCToRGB_32f_C3R(const float* src, int32_t srcStep, float* dst, int32_t dstStep, TolkSize roi);
 /** 32f of four channels: limited to 0..1. */
 TOLK_API TolkStatus tolkYCCToRGB_32f_AC4R(const float* src, int32_t srcStep, float* dst, int32_t dstStep, TolkSize roi);
+
+/* ==== LUV ==== */
+
+/** Linear RGB and BGR to and from CIE L*u*v*, of 8, 16 and 32-bit samples.
+ *
+ * The primaries and the white are those of XYZ above, and no transfer curve is applied. R, G, B, or B, G, R in the
+ * functions with BGR in their name, and L, u, v are channels 0, 1 and 2; the fourth channel of an AC4 source is not
+ * used, that of the destination is left as it was. Black is 0 and white the largest integer or 1.0, in 16s -32768 and
+ * 32767: there 32768 is added to each sample first, also to L, u, v, and taken off each result.
+ *
+ * - 32f: L is 0..100, u and v are as they come, about -84..176 and -131..108 for RGB of 0..1
+ * - 8u: L * 2.55, (u + 134) * 255 / 354, (v + 140) * 255 / 262
+ * - 16u: L * 655.35, (u + 134) * 65535 / 354, (v + 140) * 65535 / 262
+ *
+ * All is calculated in single precision, each operation rounded on its own, from left to right where no parentheses
+ * stand, and constants are the single-precision numbers nearest the decimals given. cut() rounds toward zero. Block
+ * columns are `width & ~3`; without a word of them all columns are alike.
+ *
+ * To LUV, 16u and 32f:
+ *
+ * - X = (R * 0.412453 + G * 0.35758) + B * 0.180423, Y = (R * 0.212671 + G * 0.71516) + B * 0.072169 and
+ *   Z = (R * 0.019334 + G * 0.119193) + B * 0.950227
+ * - 32f: y = Y; L = y * 903.3 if Y is 0.008856 or below, else cbrt(y) * 116 - 16
+ * - 16u: y = Y * 1.5259022e-5; L = y * 903.3 if Y is 580.378 or below, else cbrt(y) * 116 - 16
+ * - 32f: d = (Y * 15 + Z * 3) + X, in a block 3.0 instead of 0; p = (4 * X) * recip(d), q = (9 * Y) * recip(d). In the
+ *   tail Z of 0 gives p = q = 0. u = (L * 13) * (p - 0.197839), v = (L * 13) * (q - 0.468342). Nothing is limited.
+ * - 16u: d = (Z * 3 + Y * 15) + X, and results of 0 for u and v if d is 0; p = (X * 4) * recip(d),
+ *   q = (Y * 9) * recip(d). The results are cut(L * 655.35),
+ *   cut(((p - 0.197839) * (L * 13) + 134) * 185.12712) and
+ *   cut(((q - 0.468342) * (L * 13) + 140) * 250.13359 + 0.5), limited to 0..65535.
+ *
+ * The cube root: cbrt(y) = c * (1 + (a1 * t + (a2 * t^2 + ... + (a7 * t^7 + a8 * t^8)))), in 16u up to a6 * t^6. Each
+ * power of t is the one before it times t, and t = r * (y - (c * c) * c). a1 to a8 are 0.33333334, -0.11111111,
+ * 0.061728396, -0.041152265, 0.030178327, -0.023472032, 0.01900117 and -0.015834307. c and r stand in row i of a table:
+ *
+ * - i = cut(y * 127.99805) in 32f of three channels, cut(y * 128) in 32f of four, cut(Y / 512) in 16u; at most 128
+ * - c is the cube root of w = (i + 1) / 128 + 0.0001 in six decimals, r is 1 / w in seven digits
+ * - but of rows 0 to 2 c is 0.199269, 0.250533, 0.286586 and r 126.3804, 63.59204, 42.48475; of row 128 both are 1.0
+ *
+ * To LUV, 8u:
+ *
+ * - X = (B * 0.180423 + R * 0.412453) + G * 0.35758, Y = (B * 0.072169 + G * 0.71516) + R * 0.212671,
+ *   Z = (G * 0.119193 + B * 0.950227) + R * 0.019334, y = Y * 0.003921569
+ * - if y is 0.008856 or below: L = Y * 3.5423532, and the result is cut(Y * 9.033)
+ * - otherwise: L = pow(y, 0.3333333432674408) * 116 - 16, with a pow in double precision rounded to single precision,
+ *   and the result is cut(L * 2.55)
+ * - if y is 0: p = q = 0; otherwise k = 1 / ((Z * 0.011764707 + Y * 0.058823533) + X * 0.003921569), a true quotient,
+ *   p = (X * 0.015686275) * k, q = (Y * 0.03529412) * k
+ * - the results are cut((L * 9.364407) * (p - 0.197839) + 97.02542) and
+ *   cut((L * 12.652672) * (q - 0.468342) + 136.75954)
+ *
+ * From LUV, 32f: all quotients are true ones.
+ *
+ * - L below 9e-5 or not a number: R = G = B = 0
+ * - Y = L * 0.001107052 if L is below 7.9996247, else (t * t) * t with t = L * 0.00862069 + 0.13793103
+ * - q = v / (L * 13) + 0.468342; if |q| is below 1.1920929e-7, q = v / (L * 13) + 0.468432
+ * - w = Y / q, X = ((u * 2.25) / (L * 13) + 0.44513777) * w, Z = X * -0.33333334 + (Y * -5 + w * 3)
+ * - R = Z * -0.498535 + (X * 3.240479 - Y * 1.53715), G = Z * 0.041556 + (Y * 1.875991 - X * 0.969256),
+ *   B = Z * 1.057311 + (Y * -0.204043 + X * 0.055648); then 1.0 for a value above 1.0 and +0 for one below 0, while -0
+ *   and a value that is not a number stay
+ *
+ * From LUV, 8u and 16u, with L, u, v as stored and m the largest sample:
+ *
+ * - l = L * 0.3921569, in 16u L * 0.0015259022; l below 9e-5: R = G = B = 0
+ * - V = v * 1.027451 - 140, in 16u v * 0.0039978637 - 140
+ * - Y = L * 0.00043413806, in 16u L * 1.689253e-6, if l is below 7.9996247; else (t * t) * t with
+ *   t = L * 0.003380663 + 0.13793103, in 16u L * 1.3154329e-5 + 0.13793103
+ * - e = L * 5.0980396, in 16u L * 0.019836728
+ * - q = V / e + 0.4683422; if |q| is below 1.1920929e-5, in the tail of 8u 1.1920929e-7, q = V / e + 0.46843222
+ * - w = (Y * m) / q
+ * - X = ((u * 3.1235294 - 301.5) / e + 0.44513866) * w, in 16u u * 0.012153811
+ * - Z = X * -0.33333334 + (Y * (m * -5) + w * 3)
+ * - R = ((a + 0.5) + X * 3.240479) + Z * -0.498535, G = ((b + 0.5) + X * -0.969256) + Z * 0.041556, with
+ *   a = Y * -391.97327 and b = Y * 478.37772, in 16u a = (Y * m) * -1.53715 and b = (Y * m) * 1.875991
+ * - B = (g + 0.5) + Z * 1.057311, both sums and this product in double precision, with
+ *   g = Y * -52.030964 + X * 0.055648 in single precision, in 16u Y * -13371.958 + X * 0.055648
+ * - R, G, B are cut, then limited to 0..m
+ * - in a block each quotient n / d is n * recip(d); in the tail it is a true one
+ *
+ * The estimate. recip(d) = (r0 + r0) - (d * r0) * r0, and r0 is the estimate of 1 / d by the processor's instruction
+ * rcpps. Processors of different makers have different estimates, so that the results of the functions below that say
+ * "by the estimate", and of no other, may differ from one to another; on one processor they are always the same. For d
+ * of 2^-126 to 2^126 recip(d) is within 2^-21 of 1 / d, relatively. By it u and v of 32f differ by at most about
+ * 2^-21 * 13 * L * p and 2^-21 * 13 * L * q, and those of 16u and 16s by at most 1; L never does. From LUV the samples
+ * of 8u differ by at most 1, and so do those of 16u and 16s where L, u, v are a colour of RGB; elsewhere, where q is
+ * near 0, by more.
+ *
+ * pow is that of the C library; 8u to LUV is the same with every pow whose relative error is below 1e-14.
+ *
+ * In 32f an RGB whose Y is above 1.0078 is beyond the table: its L has no use. The sign and payload of a result that is
+ * not a number are not defined. A round trip need not give the source back. Any width and height from 1. Steps are not
+ * tested.
+ *
+ * Returns tolkStatusOk; tolkStatusNullPointer for a null src or dst; tolkStatusBadSize for a width or height under 1.
+ * Pointers are tested first, then the size.
+ */
+/** 8u of three channels, by pow. */
+TOLK_API TolkStatus tolkRGBToLUV_8u_C3R(const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                        TolkSize roi);
+/** 8u of four channels, by pow. */
+TOLK_API TolkStatus tolkRGBToLUV_8u_AC4R(const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                         TolkSize roi);
+/** 16u of three channels, by the estimate. */
+TOLK_API TolkStatus tolkRGBToLUV_16u_C3R(const uint16_t* src, int32_t srcStep, uint16_t* dst, int32_t dstStep,
+                                         TolkSize roi);
+/** 16u of four channels, by the estimate. */
+TOLK_API TolkStatus tolkRGBToLUV_16u_AC4R(const uint16_t* src, int32_t srcStep, uint16_t* dst, int32_t dstStep,
+                                          TolkSize roi);
+/** 16s of three channels, by the estimate. */
+TOLK_API TolkStatus tolkRGBToLUV_16s_C3R(const int16_t* src, int32_t srcStep, int16_t* dst, int32_t dstStep,
+                                         TolkSize roi);
+/** 16s of four channels, by the estimate. */
+TOLK_API TolkStatus tolkRGBToLUV_16s_AC4R(const int16_t* src, int32_t srcStep, int16_t* dst, int32_t dstStep,
+                                          TolkSize roi);
+/** 32f of three channels, by the estimate. */
+TOLK_API TolkStatus tolkRGBToLUV_32f_C3R(const float* src, int32_t srcStep, float* dst, int32_t dstStep, TolkSize roi);
+/** 32f of four channels, by the estimate. */
+TOLK_API TolkStatus tolkRGBToLUV_32f_AC4R(const float* src, int32_t srcStep, float* dst, int32_t dstStep, TolkSize roi);
+/** 8u of three channels, from BGR, by pow. */
+TOLK_API TolkStatus tolkBGRToLUV_8u_C3R(const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                        TolkSize roi);
+/** 32f of three channels, from BGR, by the estimate. */
+TOLK_API TolkStatus tolkBGRToLUV_32f_C3R(const float* src, int32_t srcStep, float* dst, int32_t dstStep, TolkSize roi);
+/** 8u of three channels: blocks of four by the estimate, then the tail. */
+TOLK_API TolkStatus tolkLUVToRGB_8u_C3R(const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                        TolkSize roi);
+/** 8u of four channels: blocks of four by the estimate, then the tail. */
+TOLK_API TolkStatus tolkLUVToRGB_8u_AC4R(const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                         TolkSize roi);
+/** 16u of three channels: blocks of four by the estimate, then the tail. */
+TOLK_API TolkStatus tolkLUVToRGB_16u_C3R(const uint16_t* src, int32_t srcStep, uint16_t* dst, int32_t dstStep,
+                                         TolkSize roi);
+/** 16u of four channels: blocks of four by the estimate, then the tail. */
+TOLK_API TolkStatus tolkLUVToRGB_16u_AC4R(const uint16_t* src, int32_t srcStep, uint16_t* dst, int32_t dstStep,
+                                          TolkSize roi);
+/** 16s of three channels: blocks of four by the estimate, then the tail. */
+TOLK_API TolkStatus tolkLUVToRGB_16s_C3R(const int16_t* src, int32_t srcStep, int16_t* dst, int32_t dstStep,
+                                         TolkSize roi);
+/** 16s of four channels: blocks of four by the estimate, then the tail. */
+TOLK_API TolkStatus tolkLUVToRGB_16s_AC4R(const int16_t* src, int32_t srcStep, int16_t* dst, int32_t dstStep,
+                                          TolkSize roi);
+/** 32f of three channels: limited to 0..1. */
+TOLK_API TolkStatus tolkLUVToRGB_32f_C3R(const float* src, int32_t srcStep, float* dst, int32_t dstStep, TolkSize roi);
+/** 32f of four channels: limited to 0..1. */
+TOLK_API TolkStatus tolkLUVToRGB_32f_AC4R(const float* src, int32_t srcStep, float* dst, int32_t dstStep, TolkSize roi);
+/** 8u of three channels, to BGR: blocks of four by the estimate, then the tail. */
+TOLK_API TolkStatus tolkLUVToBGR_8u_C3R(const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                        TolkSize roi);
+/** 32f of three channels, to BGR: limited to 0..1. */
+TOLK_API TolkStatus tolkLUVToBGR_32f_C3R(const float* src, int32_t srcStep, float* dst, int32_t dstStep, TolkSize roi);
+
+/* ==== Lab ==== */
+
+/** Linear RGB and BGR to and from CIE L*a*b* about a D65 white.
+ *
+ * R, G, B, or B, G, R in the functions with BGR in their name, and L, a, b are channels or planes in that order; each
+ * plane has its own step. No transfer curve is applied. With l, p, q for L*, a*, b*:
+ *
+ * - 8u: R, G and B are 0..255; L is l * 2.55, a is p + 128, b is q + 128
+ * - 16u, of Lab alone: L is l * 655.35, a is (p + 128) * 255, b is (q + 128) * 255
+ * - 32f and 64f: R, G and B are 0..1; L is l, 0..100, a is p, b is q
+ *
+ * All is calculated in single precision, and in double precision in the 64f functions, each operation rounded on its
+ * own, from left to right where no parentheses stand; constants are the nearest numbers to the decimals given. cut()
+ * rounds toward zero.
+ *
+ * The root. root(t) is the power of t by the C library's pow() in double precision, with the exponent
+ * 0.3333333432674408 and the result rounded to single precision, in 64f with the exponent 0.3333333333333333. Where a
+ * function calculates it in another way its results are those of this rule.
+ *
+ * To Lab, from 8u:
+ *
+ * - X = 0.412453 R + 0.35758 G + 0.180423 B, Y = 0.212671 R + 0.71516 G + 0.072169 B,
+ *   Z = 0.019334 R + 0.119193 G + 0.950227 B; each function has its order of the sums
+ * - x = X * 0.0041259914, y = Y * 0.003921569, z = Z * 0.0036018905
+ * - y above 0.008856: fy = root(y), l = fy * 116 - 16; else fy = Y * 0.030537257 + 0.13793103, l = Y * 3.5423532
+ * - fx = root(x) for an x above 0.008856, else X * 0.032129094 + 0.13793103; fz = root(z) for a z above 0.008856, else
+ *   Z * 0.028047923 + 0.13793103
+ * - to 8u: L = cut(l * 2.55 + 0.5), a = cut((fx - fy) * 500 + 128.5), b = cut((fy - fz) * 200 + 128.5)
+ * - to 16u: L = cut(l * 655.35), a = cut((fx - fy) * 127500 + 32640), b = cut((fy - fz) * 51000 + 32640); here l of a y
+ *   above 0.008856 is the power * 116 - 16 in double precision, the power not rounded, and then rounded
+ *
+ * To Lab, 32f and 64f, with sums as (0.412453 R + 0.35758 G) + 0.180423 B:
+ *
+ * - x = X * 1.0521265327391165, y = Y, z = Z * 0.9184811767477967; in 32f these two products are formed in double
+ *   precision and rounded. Each that is above 1 becomes 1; negative numbers stay.
+ * - y above 0.008856: fy = root(y), L = fy * 116 - 16; else fy = y * 7.787 + 0.13793103448275862, L = y * 903.3
+ * - fx = root(x) for an x above 0.008856, else x * 7.787 + 0.13793103448275862; fz of z alike
+ * - a = (fx - fy) * 500, b = (fy - fz) * 200; not limited
+ *
+ * From Lab there is no linear branch, so that dark colours do not come back: black of L = 0 gives small positive
+ * values.
+ *
+ * - 8u: k = L * 0.003380663; fy = k + 0.13793103, fx = (a - 128) * 0.002 + fy, fz = (k + 0.77793103) + b * -0.005
+ * - 16u: k = L * 1.3154329e-5; fy and fz as in 8u with b * -1.9607844e-5; fx = v + fy with
+ *   v = (a * 0.003921569 + -128) * 0.002, whose last product is formed in double precision, with 0.002 in double
+ *   precision, and rounded
+ * - 8u and 16u: X = ((fx * fx) * 242.366) * fx, Y = ((fy * fy) * 255) * fy, Z = ((fz * fz) * 277.632) * fz
+ * - from 8u: R = ((Y * -1.53715 + 0.5) + Z * -0.498535) + X * 3.240479,
+ *   G = ((Y * 1.875991 + 0.5) + Z * 0.041556) + X * -0.969256,
+ *   B = ((Y * -0.204043 + 0.5) + Z * 1.057311) + X * 0.055648, cut and limited to 0..255
+ * - from 16u: R = (Z * -0.498535 + Y * -1.53715) + X * 3.240479, G = (Z * 0.041556 + Y * 1.875991) + X * -0.969256,
+ *   B = (Z * 1.057311 + Y * -0.204043) + X * 0.055648, cut and limited to 0..255: no half is added
+ * - 32f: fy = L * 0.00862069 + 0.13793103, fx = a * 0.002 + fy, fz = b * -0.005 + fy; X = ((fx * fx) * 0.950456) * fx,
+ *   Y = (fy * fy) * fy, Z = ((fz * fz) * 1.0887539) * fz; R, G and B are the sums of the products as from 16u, added
+ *   as Z + (Y + X), and are not limited. In the last columns of C3, those from `width & ~3` on, R and B are
+ *   (Z + Y) + X and G is (Z + X) + Y.
+ * - 64f: as 32f of P3, with L * 0.008620689655172414 + 0.13793103448275862, 0.002 and -0.005 of double precision, but
+ *   with the numbers that single precision has for 0.950456, 1.0887539 and the nine factors of X, Y and Z
+ *
+ * A value that is not a number is not above anything; the sign and payload of a result that is not a number are not
+ * defined. Any width and height from 1. Steps are not tested.
+ *
+ * Returns tolkStatusOk; tolkStatusNullPointer for a null pointer, pointer array, plane or array of steps;
+ * tolkStatusBadSize for a width or height under 1, in the _L forms as 64-bit numbers. Pointers are tested first, then
+ * the size.
+ */
+/** 8u to 8u; sums as (R + G) + B. */
+TOLK_API TolkStatus tolkRGBToLab_8u_C3R(const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                        TolkSize roi);
+/** 8u to 8u; sums as (B + R) + G. */
+TOLK_API TolkStatus tolkBGRToLab_8u_C3R(const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                        TolkSize roi);
+/** 8u to 16u; sums as (B + G) + R. */
+TOLK_API TolkStatus tolkBGRToLab_8u16u_C3R(const uint8_t* src, int32_t srcStep, uint16_t* dst, int32_t dstStep,
+                                           TolkSize roi);
+/** 32f. */
+TOLK_API TolkStatus tolkRGBToLab_32f_C3R(const float* src, int32_t srcStep, float* dst, int32_t dstStep, TolkSize roi);
+/** 32f; sums as those of RGB. */
+TOLK_API TolkStatus tolkBGRToLab_32f_C3R(const float* src, int32_t srcStep, float* dst, int32_t dstStep, TolkSize roi);
+/** 32f of planes. */
+TOLK_API TolkStatus tolkRGBToLab_32f_P3R(const float* const src[3], const int32_t srcStep[3], float* const dst[3],
+                                         const int32_t dstStep[3], TolkSize roi);
+/** 32f of planes, with a size and steps of 64 bits. */
+TOLK_API TolkStatus tolkRGBToLab_32f_P3R_L(const float* const src[3], const int64_t srcStep[3], float* const dst[3],
+                                           const int64_t dstStep[3], TolkSizeL roi);
+/** 64f of planes. */
+TOLK_API TolkStatus tolkRGBToLab_64f_P3R(const double* const src[3], const int32_t srcStep[3], double* const dst[3],
+                                         const int32_t dstStep[3], TolkSize roi);
+/** 64f of planes, with a size and steps of 64 bits. */
+TOLK_API TolkStatus tolkRGBToLab_64f_P3R_L(const double* const src[3], const int64_t srcStep[3], double* const dst[3],
+                                           const int64_t dstStep[3], TolkSizeL roi);
+/** 8u to 8u. */
+TOLK_API TolkStatus tolkLabToRGB_8u_C3R(const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                        TolkSize roi);
+/** 8u to 8u. */
+TOLK_API TolkStatus tolkLabToBGR_8u_C3R(const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                        TolkSize roi);
+/** 16u to 8u. */
+TOLK_API TolkStatus tolkLabToBGR_16u8u_C3R(const uint16_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                           TolkSize roi);
+/** 32f: blocks of four, then the tail. */
+TOLK_API TolkStatus tolkLabToRGB_32f_C3R(const float* src, int32_t srcStep, float* dst, int32_t dstStep, TolkSize roi);
+/** 32f: blocks of four, then the tail. */
+TOLK_API TolkStatus tolkLabToBGR_32f_C3R(const float* src, int32_t srcStep, float* dst, int32_t dstStep, TolkSize roi);
+/** 32f of planes. */
+TOLK_API TolkStatus tolkLabToRGB_32f_P3R(const float* const src[3], const int32_t srcStep[3], float* const dst[3],
+                                         const int32_t dstStep[3], TolkSize roi);
+/** 32f of planes, with a size and steps of 64 bits. */
+TOLK_API TolkStatus tolkLabToRGB_32f_P3R_L(const float* const src[3], const int64_t srcStep[3], float* const dst[3],
+                                           const int64_t dstStep[3], TolkSizeL roi);
+/** 64f of planes. */
+TOLK_API TolkStatus tolkLabToRGB_64f_P3R(const double* const src[3], const int32_t srcStep[3], double* const dst[3],
+                                         const int32_t dstStep[3], TolkSize roi);
+/** 64f of planes, with a size and steps of 64 bits. */
+TOLK_API TolkStatus tolkLabToRGB_64f_P3R_L(const double* const src[3], const int64_t srcStep[3], double* const dst[3],
+                                           const int64_t dstStep[3], TolkSizeL roi);
+
+/* ==== Gamma ==== */
+
+/** The transfer curve of ITU-R BT.709 (Fwd) and its inverse (Inv), on each of three colour channels in any order.
+ *
+ * Of samples in 0..1 the curve is 4.5 * x below 0.018, else 1.099 * x^0.45 - 0.099; its inverse is x / 4.5 below
+ * 0.0812, else ((x + 0.099) / 1.099)^(1 / 0.45). The fourth channel of AC4 is neither read nor written. C3IR, AC4IR and
+ * IP3R work in place. One step serves all planes of a side.
+ *
+ * 8u and 16u: a sample i becomes an entry of a table, with N = 255 or 65535 and t = i / N in double precision. Rounding
+ * is to the nearest integer, ties to even.
+ *
+ * - Fwd: 4.5 * i rounded for a t below 0.018, else N * (1.099 * t^0.45 - 0.099) in double precision, rounded to single
+ *   precision and that to an integer
+ * - Inv: i / 4.5 rounded for a t below 0.0812, else N * ((t + 0.099) / 1.099)^(1 / 0.45), rounded as in Fwd. The
+ *   table steps back once: 5321 gives 1182 in 16u, and 5322 gives 1179.
+ *
+ * 32f: vMin stands for 0 and vMax for 1. All is calculated in single precision, each operation rounded on its own, from
+ * left to right where no parentheses stand, and constants are the single-precision numbers nearest the decimals given.
+ * wide() says that an expression is calculated in double precision, from single-precision numbers. With
+ * d = vMax - vMin and s = x - vMin:
+ *
+ * - Fwd: n = s * (1 / d), in AC4IR m = wide(s * (1 / d)) and n is m rounded. The result is (s * 4.5) + vMin if n, in
+ *   AC4IR m, is below 0.018, else ((n^0.45 * 1.099 + -0.099) * d) + vMin.
+ * - Inv of C3R and C3IR: n = s * (1 / d), t = s * (0.9099181 * (1 / d)) + 0.09008189
+ * - Inv of AC4R, AC4IR, P3R and IP3R: n = wide(s * (1 / d)), and t = wide(s * (0.9099181 * (1 / d)) + c), rounded, with
+ *   the double-precision number c = 0.09008189432684999
+ * - Inv: the result is (t^2.2222223 * d) + vMin if n is at or above 0.0812, else (s * 0.2222222) + vMin
+ *
+ * Nothing is limited: above vMax the curve goes on, and below vMin the line. Of an n that is not a number Fwd takes the
+ * power and Inv the line; the sign and payload of a result that is not a number are not defined.
+ *
+ * Accuracy. The power is one of single precision, within 0.51 units in the last place of the true power of the same
+ * base and exponent. All else is exact as written: a result of the line is the same everywhere.
+ *
+ * Any width and height from 1. Steps are tested for their sign alone.
+ *
+ * Returns tolkStatusOk; in 32f tolkStatusGammaRange if vMax - vMin is not above 0, as of a bound that is not a number;
+ * tolkStatusNullPointer for a null pointer, pointer array or plane; tolkStatusBadSize for a width or height under 1;
+ * tolkStatusBadStep for a step under 1. They are tested in this order.
+ */
+/** 8u by table, three channels. */
+TOLK_API TolkStatus tolkGammaFwd_8u_C3R(const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                        TolkSize roi);
+/** 8u by table, four channels. */
+TOLK_API TolkStatus tolkGammaFwd_8u_AC4R(const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                         TolkSize roi);
+/** 8u by table, planes. */
+TOLK_API TolkStatus tolkGammaFwd_8u_P3R(const uint8_t* const src[3], int32_t srcStep, uint8_t* const dst[3],
+                                        int32_t dstStep, TolkSize roi);
+/** 8u by table, three channels in place. */
+TOLK_API TolkStatus tolkGammaFwd_8u_C3IR(uint8_t* srcDst, int32_t srcDstStep, TolkSize roi);
+/** 8u by table, four channels in place. */
+TOLK_API TolkStatus tolkGammaFwd_8u_AC4IR(uint8_t* srcDst, int32_t srcDstStep, TolkSize roi);
+/** 8u by table, planes in place. */
+TOLK_API TolkStatus tolkGammaFwd_8u_IP3R(uint8_t* const srcDst[3], int32_t srcDstStep, TolkSize roi);
+/** 16u by table, three channels. */
+TOLK_API TolkStatus tolkGammaFwd_16u_C3R(const uint16_t* src, int32_t srcStep, uint16_t* dst, int32_t dstStep,
+                                         TolkSize roi);
+/** 16u by table, four channels. */
+TOLK_API TolkStatus tolkGammaFwd_16u_AC4R(const uint16_t* src, int32_t srcStep, uint16_t* dst, int32_t dstStep,
+                                          TolkSize roi);
+/** 16u by table, planes. */
+TOLK_API TolkStatus tolkGammaFwd_16u_P3R(const uint16_t* const src[3], int32_t srcStep, uint16_t* const dst[3],
+                                         int32_t dstStep, TolkSize roi);
+/** 16u by table, three channels in place. */
+TOLK_API TolkStatus tolkGammaFwd_16u_C3IR(uint16_t* srcDst, int32_t srcDstStep, TolkSize roi);
+/** 16u by table, four channels in place. */
+TOLK_API TolkStatus tolkGammaFwd_16u_AC4IR(uint16_t* srcDst, int32_t srcDstStep, TolkSize roi);
+/** 16u by table, planes in place. */
+TOLK_API TolkStatus tolkGammaFwd_16u_IP3R(uint16_t* const srcDst[3], int32_t srcDstStep, TolkSize roi);
+/** 32f, three channels. */
+TOLK_API TolkStatus tolkGammaFwd_32f_C3R(const float* src, int32_t srcStep, float* dst, int32_t dstStep, TolkSize roi,
+                                         float vMin, float vMax);
+/** 32f, four channels. */
+TOLK_API TolkStatus tolkGammaFwd_32f_AC4R(const float* src, int32_t srcStep, float* dst, int32_t dstStep, TolkSize roi,
+                                          float vMin, float vMax);
+/** 32f, planes. */
+TOLK_API TolkStatus tolkGammaFwd_32f_P3R(const float* const src[3], int32_t srcStep, float* const dst[3],
+                                         int32_t dstStep, TolkSize roi, float vMin, float vMax);
+/** 32f, three channels in place. */
+TOLK_API TolkStatus tolkGammaFwd_32f_C3IR(float* srcDst, int32_t srcDstStep, TolkSize roi, float vMin, float vMax);
+/** 32f, four channels in place; n in double precision. */
+TOLK_API TolkStatus tolkGammaFwd_32f_AC4IR(float* srcDst, int32_t srcDstStep, TolkSize roi, float vMin, float vMax);
+/** 32f, planes in place. */
+TOLK_API TolkStatus tolkGammaFwd_32f_IP3R(float* const srcDst[3], int32_t srcDstStep, TolkSize roi, float vMin,
+                                          float vMax);
+/** 8u by table, three channels. */
+TOLK_API TolkStatus tolkGammaInv_8u_C3R(const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                        TolkSize roi);
+/** 8u by table, four channels. */
+TOLK_API TolkStatus tolkGammaInv_8u_AC4R(const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                         TolkSize roi);
+/** 8u by table, planes. */
+TOLK_API TolkStatus tolkGammaInv_8u_P3R(const uint8_t* const src[3], int32_t srcStep, uint8_t* const dst[3],
+                                        int32_t dstStep, TolkSize roi);
+/** 8u by table, three channels in place. */
+TOLK_API TolkStatus tolkGammaInv_8u_C3IR(uint8_t* srcDst, int32_t srcDstStep, TolkSize roi);
+/** 8u by table, four channels in place. */
+TOLK_API TolkStatus tolkGammaInv_8u_AC4IR(uint8_t* srcDst, int32_t srcDstStep, TolkSize roi);
+/** 8u by table, planes in place. */
+TOLK_API TolkStatus tolkGammaInv_8u_IP3R(uint8_t* const srcDst[3], int32_t srcDstStep, TolkSize roi);
+/** 16u by table, three channels. */
+TOLK_API TolkStatus tolkGammaInv_16u_C3R(const uint16_t* src, int32_t srcStep, uint16_t* dst, int32_t dstStep,
+                                         TolkSize roi);
+/** 16u by table, four channels. */
+TOLK_API TolkStatus tolkGammaInv_16u_AC4R(const uint16_t* src, int32_t srcStep, uint16_t* dst, int32_t dstStep,
+                                          TolkSize roi);
+/** 16u by table, planes. */
+TOLK_API TolkStatus tolkGammaInv_16u_P3R(const uint16_t* const src[3], int32_t srcStep, uint16_t* const dst[3],
+                                         int32_t dstStep, TolkSize roi);
+/** 16u by table, three channels in place. */
+TOLK_API TolkStatus tolkGammaInv_16u_C3IR(uint16_t* srcDst, int32_t srcDstStep, TolkSize roi);
+/** 16u by table, four channels in place. */
+TOLK_API TolkStatus tolkGammaInv_16u_AC4IR(uint16_t* srcDst, int32_t srcDstStep, TolkSize roi);
+/** 16u by table, planes in place. */
+TOLK_API TolkStatus tolkGammaInv_16u_IP3R(uint16_t* const srcDst[3], int32_t srcDstStep, TolkSize roi);
+/** 32f, three channels. */
+TOLK_API TolkStatus tolkGammaInv_32f_C3R(const float* src, int32_t srcStep, float* dst, int32_t dstStep, TolkSize roi,
+                                         float vMin, float vMax);
+/** 32f, four channels; n and t in double precision. */
+TOLK_API TolkStatus tolkGammaInv_32f_AC4R(const float* src, int32_t srcStep, float* dst, int32_t dstStep, TolkSize roi,
+                                          float vMin, float vMax);
+/** 32f, planes; n and t in double precision. */
+TOLK_API TolkStatus tolkGammaInv_32f_P3R(const float* const src[3], int32_t srcStep, float* const dst[3],
+                                         int32_t dstStep, TolkSize roi, float vMin, float vMax);
+/** 32f, three channels in place. */
+TOLK_API TolkStatus tolkGammaInv_32f_C3IR(float* srcDst, int32_t srcDstStep, TolkSize roi, float vMin, float vMax);
+/** 32f, four channels in place; n and t in double precision. */
+TOLK_API TolkStatus tolkGammaInv_32f_AC4IR(float* srcDst, int32_t srcDstStep, TolkSize roi, float vMin, float vMax);
+/** 32f, planes in place; n and t in double precision. */
+TOLK_API TolkStatus tolkGammaInv_32f_IP3R(float* const srcDst[3], int32_t srcDstStep, TolkSize roi, float vMin,
+                                          float vMax);
 
 #ifdef __cplusplus
 }

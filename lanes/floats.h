@@ -43,6 +43,10 @@ LANE_OP I32<L> operator==(F32<L> a, F32<L> b) {
   return I32<L>::of(a.v == b.v);
 }
 template <int L>
+LANE_OP I32<L> operator==(I32<L> a, I32<L> b) {
+  return I32<L>::of(a.v == b.v);
+}
+template <int L>
 LANE_OP I32<L> operator<(F32<L> a, F32<L> b) {
   return I32<L>::of(a.v < b.v);
 }
@@ -67,6 +71,10 @@ LANE_OP I32<L> operator>(F32<L> a, float b) {
   return F32<L>::splat(b) < a;
 }
 template <int L>
+LANE_OP I32<L> operator>=(F32<L> a, float b) {
+  return F32<L>::splat(b) <= a;
+}
+template <int L>
 LANE_OP F32<L> choose(I32<L> mask, F32<L> a, float b) {
   return choose(mask, a, F32<L>::splat(b));
 }
@@ -85,7 +93,20 @@ template <int L>
 LANE_OP F32<L> onlyWhere(I32<L> mask, float a) {
   return F32<L>::splat(a) & as<float>(mask);
 }
-LANE_OP float onlyWhere(bool mask, float a) { return mask ? a : 0.0F; }
+template <class T, int L>
+LANE_OP Reg<T, L> onlyWhere(I32<L> mask, Reg<T, L> a) {
+  return a & as<T>(mask);
+}
+template <class Number>
+LANE_OP Number onlyWhere(bool mask, Number a) {
+  return mask ? a : Number{0};
+}
+
+template <int L>
+LANE_OP F32<L> magnitude(F32<L> a) {
+  return as<float>(as<int32_t>(a) & I32<L>::splat(INT32_MAX));
+}
+LANE_OP float magnitude(float a) { return a < 0.0F ? -a : a; }
 
 // a if it is the larger (smaller) one, else b: b if one of them is not a number.
 template <int L>
@@ -163,6 +184,34 @@ LANE_OP I32<L> notNegative(I32<L> a) {
 }
 LANE_OP int notNegative(int a) { return std::max(a, 0); }
 
+template <int L>
+LANE_OP I32<L> flipped(I32<L> mask) {
+  return I32<L>::of(~mask.v);
+}
+
+// Both numbers of the given pairs.
+template <int L>
+LANE_OP std::array<F32<L>, 2> pairsAt(const float (*pairs)[2], I32<L> index) {
+  auto lane = [&](__m128i i) __attribute__((always_inline)) {
+    const uint64_t low = static_cast<uint64_t>(_mm_cvtsi128_si64(i)),
+                   high = static_cast<uint64_t>(_mm_cvtsi128_si64(_mm_unpackhi_epi64(i, i)));
+    auto pair = [&](uint64_t at) __attribute__((always_inline)) {
+      return _mm_castsi128_ps(_mm_loadl_epi64(reinterpret_cast<const __m128i*>(pairs + at)));
+    };
+    const __m128 a = _mm_unpacklo_ps(pair(low & UINT32_MAX), pair(low >> 32));
+    const __m128 b = _mm_unpacklo_ps(pair(high & UINT32_MAX), pair(high >> 32));
+    return std::array{_mm_movelh_ps(a, b), _mm_movehl_ps(b, a)};
+  };
+  if constexpr (L == 1) {
+    const auto found = lane(index.bits());
+    return {F32<1>::of(found[0]), F32<1>::of(found[1])};
+  } else {
+    const auto low = lane(_mm256_castsi256_si128(index.bits())), high = lane(_mm256_extracti128_si256(index.bits(), 1));
+    return {F32<2>::of(_mm256_set_m128(high[0], low[0])), F32<2>::of(_mm256_set_m128(high[1], low[1]))};
+  }
+}
+LANE_OP std::array<float, 2> pairsAt(const float (*pairs)[2], int index) { return {pairs[index][0], pairs[index][1]}; }
+
 // ---- Integer samples through a form of floats ----
 
 // A result of which the low bits are stored; other results are limited to the sample's range.
@@ -234,33 +283,5 @@ LANE_OP int sampleOf(LowBits<int> result) {
 }
 
 }  // namespace detail
-
-// The samples of a pixel as floats, the results as samples.
-template <class Sample, class Form>
-struct OnFloats {
-  template <class... Regs>
-  LANE_OP auto operator()(Regs... samples) const {
-    const auto low = form(lowHalf(detail::biased<Sample>(samples))...);
-    const auto high = form(highHalf(detail::biased<Sample>(samples))...);
-    return [&]<size_t... I>(std::index_sequence<I...>) __attribute__((always_inline)) {
-      return std::array{detail::narrowResult<Sample>(low[I], high[I])...};
-    }
-    (std::make_index_sequence<std::tuple_size_v<decltype(low)>>{});
-  }
-  template <std::same_as<int>... Ints>
-  LANE_OP auto operator()(Ints... samples) const {
-    const auto results = form(asFloat(samples + detail::kBias<Sample>)...);
-    return [&]<size_t... I>(std::index_sequence<I...>) __attribute__((always_inline)) {
-      return std::array{detail::sampleOf<Sample>(results[I])...};
-    }
-    (std::make_index_sequence<std::tuple_size_v<decltype(results)>>{});
-  }
-
-  Form form;
-};
-template <class Sample, class Form>
-OnFloats<Sample, Form> onFloats(Form form) {
-  return {form};
-}
 
 }  // namespace tolk

@@ -51,6 +51,7 @@ struct BitsOf<2> {
 // A register of L lanes of samples T.
 template <class T, int L>
 struct Reg {
+  using Sample = T;
   static constexpr int kCount = 16 * L / int{sizeof(T)};
   typedef T Vec __attribute__((vector_size(16 * L)));
   using Bits = typename BitsOf<L>::Type;

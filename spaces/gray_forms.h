@@ -1,7 +1,7 @@
 // Weighted sums of three channels: gray.
 #pragma once
 
-#include "lanes/floats.h"
+#include "lanes/both.h"
 
 namespace tolk {
 

@@ -1,7 +1,7 @@
 // Formulas between RGB and hue, lightness, saturation.
 #pragma once
 
-#include "lanes/estimate.h"
+#include "lanes/both.h"
 
 namespace tolk {
 
@@ -39,7 +39,7 @@ struct HlsFromRgb {
 template <class Saturation = Refined>
 struct HlsFromRgb8 {
   static constexpr bool kTakesSamples = true;
-  using Plain = OnFloats<uint8_t, HlsFromRgb<uint8_t, Saturation>>;
+  using Plain = OnFloats<uint8_t, uint8_t, HlsFromRgb<uint8_t, Saturation>>;
 
   template <int L>
   struct Numbers {  // eight pixels of a lane
@@ -146,6 +146,8 @@ LANE_OP auto greyWhereFlat(auto rgb, auto L, auto S) {
 }
 
 struct RgbFromHlsFloatBlock {
+  static constexpr bool kInStep = true;
+
   LANE_OP auto operator()(auto H, auto L, auto S) const {
     return greyWhereFlat(rgbFromHls<FirstHues>(H * 360.0F, L, S), L, S);
   }

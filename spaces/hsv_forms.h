@@ -1,7 +1,7 @@
 // Formulas between RGB and hue, saturation, value.
 #pragma once
 
-#include "lanes/estimate.h"
+#include "lanes/both.h"
 
 namespace tolk {
 

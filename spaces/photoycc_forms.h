@@ -1,7 +1,7 @@
 // Formulas between RGB and PhotoYCC.
 #pragma once
 
-#include "lanes/floats.h"
+#include "lanes/both.h"
 
 namespace tolk {
 

@@ -1,7 +1,7 @@
 // Formulas between linear RGB of ITU-R BT.709 primaries and CIE XYZ, white D65.
 #pragma once
 
-#include "lanes/floats.h"
+#include "lanes/both.h"
 
 namespace tolk {
 

@@ -30,6 +30,9 @@ inline bool takesNullCoeffs(const tolk::Function& f) {
   return f.has("coeffs[3]") && f.name != "tolkColorToGray_64f_AC4C1R";
 }
 
+// Defined but for the accuracy of a single-precision power.
+inline bool roundsPower(const tolk::Function& f) { return f.family == "Gamma" && f.src.sample == "32f"; }
+
 // Loads the file that TOLK_LIBRARY names. A failure or a function that is missing ends the program with a message.
 void openLibrary();
 void* librarySymbol(const char* name);

@@ -1,6 +1,8 @@
 // The order of checks: each fault of the arguments alone and each pair of faults, against the reference's status.
 #include <algorithm>
 #include <functional>
+#include <limits>
+#include <utility>
 
 #include "sweeps/all_functions.h"
 
@@ -16,6 +18,8 @@ void addSideFaults(const tolk::Function& f, const std::string& name, tolk::Side 
                    std::vector<Fault>& faults) {
   const harness::SideArguments arguments = harness::sideArguments(f, name);
   if (arguments.array) faults.push_back({name + " null", [=](tolk::Call& c) { (c.*side).nullArray = true; }});
+  if (f.family == "Lab" && arguments.steps == harness::StepKind::Each)
+    faults.push_back({name + " steps null", [=](tolk::Call& c) { (c.*side).nullSteps = true; }});
   const size_t planes = planeShapes(name == "src" ? f.src : f.dst, {8, 8}).size();
   for (size_t i = 0; i < planes; ++i) {
     faults.push_back(
@@ -35,6 +39,14 @@ std::vector<Fault> argumentFaults(const tolk::Function& f) {
     faults.push_back({"width " + std::to_string(value), [=](tolk::Call& c) { c.roi.width = value; }, value > 0});
     faults.push_back({"height " + std::to_string(value), [=](tolk::Call& c) { c.roi.height = value; }, value > 0});
   }
+  if (f.name.ends_with("_L"))  // positive where only the low half is looked at
+    for (const TolkSizeL size : {TolkSizeL{37 - (int64_t{1} << 32), 4}, TolkSizeL{37, INT64_MIN + 4}})
+      faults.push_back({"size under 1 in 64 bits", [=](tolk::Call& c) { c.roiL = size; }});
+  constexpr float kNan = std::numeric_limits<float>::quiet_NaN();
+  if (f.has("vMax"))
+    for (const auto& [vMin, vMax] : {std::pair{0.5f, 0.5f}, {0.5f, 0.25f}, {kNan, 1.0f}, {0.0f, kNan}})
+      faults.push_back({"range " + std::to_string(vMin) + " to " + std::to_string(vMax),
+                        [low = vMin, high = vMax](tolk::Call& c) { c.vMin = low, c.vMax = high; }});
   if (harness::takesNullCoeffs(f)) faults.push_back({"coeffs null", [](tolk::Call& c) { c.coeffs.reset(); }, true});
   return faults;
 }

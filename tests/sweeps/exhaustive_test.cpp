@@ -1,5 +1,5 @@
-// Every 8-bit function over all 2^24 values of a pixel, in block and in tail columns. Where pixels share chroma, one
-// function for each rule of the header.
+// Every function of 8-bit sources over all 2^24 values of a pixel, in block and in tail columns. Where pixels share
+// chroma, one function for each rule of the header.
 #include <algorithm>
 #include <cctype>
 #include <set>
@@ -17,8 +17,8 @@ static std::vector<harness::Subject> pixelFunctions() {
   std::vector<harness::Subject> list;
   for (const harness::Subject& subject : harness::subjects()) {
     const tolk::Function& f = *subject.function;
-    const bool bytes = f.src.sample == "8u" && f.dst.sample == "8u";
-    if (bytes && f.src.layout.back() >= '3' && !subsampled(f.src) && !subsampled(f.dst)) list.push_back(subject);
+    if (f.src.sample == "8u" && f.src.layout.back() >= '3' && !subsampled(f.src) && !subsampled(f.dst))
+      list.push_back(subject);
   }
   return list;
 }

@@ -19,6 +19,7 @@ struct Side {
   std::array<void*, 4> plane{};
   std::array<int64_t, 4> step{};
   bool nullArray = false;
+  bool nullSteps = false;  // where each plane has a step
 };
 
 // One call of any function: every argument that some function takes.
@@ -29,6 +30,8 @@ struct Call {
   uint32_t stripe = 21;  // a whole picture
   // Weights of the caller; none is a null pointer, which one function does not take.
   std::optional<std::array<double, 3>> coeffs = {{0.299, 0.587, 0.114}};
+  float vMin = 0, vMax = 1;            // the range of values that a curve is laid over
+  std::optional<TolkSizeL> roiL = {};  // the size in the forms of 64 bits, if it is not that of `roi`
 };
 
 struct SideInfo {

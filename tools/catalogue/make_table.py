@@ -58,6 +58,8 @@ def argument(kind, name, element_steps):
                 value += " / 4" if place == "src" else " / 2"
             return f"Steps<{element}>(c.{place})" if array else f"static_cast<{element}>({value})"
         return f"Planes<{element}>(c.{place})" if array else f"static_cast<{element}*>(c.{place}.plane[{index}])"
+    if kind == "TolkSizeL":
+        return "wideSize(c)"
     if name == "coeffs[3]":
         return f"Weights<{kind.replace('const ', '')}>(c.coeffs)"
     return f"static_cast<{kind}>(c.{name})"

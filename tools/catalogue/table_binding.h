@@ -18,13 +18,16 @@ struct Planes {
 
 template <class T>
 struct Steps {
-  explicit Steps(const Side& side) {
+  explicit Steps(const Side& side) : missing(side.nullSteps) {
     for (size_t i = 0; i < step.size(); ++i) step[i] = static_cast<T>(side.step[i]);
   }
-  operator const T*() const { return step.data(); }
+  operator const T*() const { return missing ? nullptr : step.data(); }
 
   std::array<T, 4> step;
+  bool missing;
 };
+
+inline TolkSizeL wideSize(const Call& call) { return call.roiL.value_or(TolkSizeL{call.roi.width, call.roi.height}); }
 
 // Missing weights are a null pointer.
 template <class T>

@@ -6,7 +6,7 @@ import sys
 
 SONAME = "libtolkcolor.so.2022"
 LIBRARIES = {"libc.so.6", "libm.so.6", "libstdc++.so.6", "libgcc_s.so.1"}
-IMPORTS = {"memcpy", "memmove", "memset", "__stack_chk_fail"}  # no allocation, no output, no thread
+IMPORTS = {"memcpy", "memmove", "memset", "pow", "__stack_chk_fail"}  # no allocation, no output, no thread
 
 
 def run(*command):

@@ -36,6 +36,7 @@ double callFunction(const Function& function, RawImage& src, RawImage& dst, cons
   requireSteps(function, dst);
   Call call = {src.side(), dst.side(), src.size, arguments.alpha};
   call.coeffs = arguments.coeffs;
+  call.vMin = arguments.vMin, call.vMax = arguments.vMax;
   std::vector<double> seconds;
   TolkStatus status = tolkStatusOk;
   for (int i = 0; i < times && status >= 0; ++i) {

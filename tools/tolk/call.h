@@ -12,6 +12,7 @@ namespace tolk {
 struct Arguments {
   double alpha = 0;
   std::optional<std::array<double, 3>> coeffs;  // the function's own if missing
+  float vMin = 0, vMax = 1;
 };
 
 // Calls `times` times and returns the median seconds of a call. A warning goes to standard error; it is a failure if

@@ -110,8 +110,10 @@ void report(const Route& route, TolkSize size) {
   std::cerr << "tolk: " << text(size) << ' ' << names(0, route.formats.size() - 1);
   if (route.steps.empty()) std::cerr << ", no function needed";
   if (route.steps.size() == 1) std::cerr << callOf(route.steps[0]);
+  static constexpr std::string_view kCounts[] = {"two", "three"};
   for (size_t i = 0; route.steps.size() > 1 && i < route.steps.size(); ++i) {
-    std::cerr << (i == 0 ? " in two steps:" : ";") << "\n  " << names(i, i + 1) << callOf(route.steps[i]);
+    std::cerr << (i == 0 ? " in " + std::string(kCounts[route.steps.size() - 2]) + " steps:" : ";") << "\n  "
+              << names(i, i + 1) << callOf(route.steps[i]);
   }
   std::cerr << '\n';
 }
@@ -142,7 +144,8 @@ SampleRange followRange(const Route& route, const std::string& path, SampleRange
 
 Converted convertSource(Source source, const Format& to, const ConvertOptions& options) {
   if (source.size.width < 1 || source.size.height < 1) throw std::runtime_error("the picture has no pixels");
-  const Route route = requireRoute(source.format, to, options.matrix);
+  Route route = requireRoute(source.format, to, options.matrix);
+  if (options.linear) route = withCurve(route);
   report(route, source.size);
   const SampleRange range = followRange(route, options.in, source.range);
   if (options.alpha && holdsPixels(source.format.side)) {  // else the source's own would stay

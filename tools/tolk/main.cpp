@@ -11,14 +11,15 @@
 namespace {
 
 constexpr char kRunText[] = R"(
-Sides of RGB, BGR, gray, XYZ, HLS, HSV and YCC take image files, by the file's extension, and planes
-of YCbCr in 4:2:0, 4:2:2, 4:1:1 and 4:4:4 video files (y4m), of which the first frame is read. Every
-other name is raw bytes: the planes of the side one after another without padding. A raw IN needs
+Sides of RGB, BGR, gray, XYZ, Lab, LUV, HLS, HSV and YCC take image files, by the file's extension, and
+planes of YCbCr in 4:2:0, 4:2:2, 4:1:1 and 4:4:4 video files (y4m), of which the first frame is read.
+Every other name is raw bytes: the planes of the side one after another without padding. A raw IN needs
 --size. The name - is raw standard input or output.
 
 Of image files 8u takes png, tiff, jpg, ppm, pgm and pnm, 16u the same but jpg, 32f tiff and pfm, and
 64f tiff. 16s takes what 16u does, its samples with 32768 added. A file's three channels are those of
 the side in its own order: X, Y and Z, or hue, lightness and saturation. The file does not tell which.
+Gamma functions take any channels. A function in place reads IN and writes OUT.
 
 Channels of RGB are swapped or split as the side wants them. A gray picture goes into all three, a
 missing alpha is opaque, a superfluous one is dropped. The destination starts as zero, for functions
@@ -35,10 +36,11 @@ constexpr char kConvertText[] = R"(
   tolk convert camera.raw video.y4m --from yuyv --to i420 --size 640x480
   tolk convert photo.png hls.tiff --to hlsf
   tolk convert hls.tiff photo.png --from hlsf
+  tolk convert photo.png lab.tiff --to labf --linear
 
 Image files (png, jpg, ppm, pgm, pnm, tiff, pfm) hold RGB, or whatever --from or --to says of RGB, gray,
-XYZ, HLS, HSV and PhotoYCC: 8 bits and 16 as in png and tiff, floating point in tiff and, with 32 bits,
-in pfm. Without --to OUT has the depth of IN where such a file holds it. A .y4m file holds i420, i422,
+XYZ, Lab, LUV, HLS, HSV and PhotoYCC: 8 bits and 16 as in png and tiff, floating point in tiff and, with
+32 bits, in pfm. Without --to OUT has the depth of IN where such a file holds it. A .y4m file holds i420, i422,
 i411 or ycbcr444p; its first frame is read. Every other name is raw bytes, in the format that its
 extension names or the option does; - is raw standard input or output. A raw IN needs --size.
 
@@ -47,6 +49,13 @@ same part of full scale: 255, 65535, and 1 in floating point, which is limited t
 
 One function is called or, where none leads from the one format to the other, two; standard error
 tells which. Those that filter, resample within fields or apply a gamma curve are left to tolk run.
+
+XYZ, Lab and LUV are of linear light, but the samples of most pictures are bent by a transfer curve.
+Without --linear RGB is taken as it is. With it the curve of ITU-R BT.709 is taken off (tolkGammaInv)
+before RGB becomes one of them, and laid on (tolkGammaFwd) what comes from one of them, in the depth of
+that function or of the RGB beside it, the deeper one, but at most 32 bits. Linear light of 8 bits is
+coarse in the dark: xyz16, luv16 or floating point is better. lab16 goes from and to RGB of 8 bits
+alone. In floating point L of Lab and LUV is 0 to 100, and a, b, u and v are as they come.
 
 The YCbCr formats have studio range, with the matrix hdtv full range. The -fullscale formats are YUV
 with U and V at 0.492 and 0.877 of a difference, other than YCbCr of full range.
@@ -61,12 +70,24 @@ one chroma pair for 4 by 4 pixels. The first letter of rgb565 and bgr565 has the
 rgba64 and names with 16 at the end have samples of 16 bits in the machine's byte order, those with f
 and d at the end of floating point in 32 and 64 bits.)";
 
+constexpr char kLinearText[] = "XYZ, Lab, LUV: take the curve of BT.709 off before, lay it on after";
+
+constexpr char kGammaText[] = R"(
+  tolk gamma linear.tiff photo.tiff
+  tolk gamma photo.png linear.png --inverse
+
+The curve of ITU-R BT.709 bends linear light so that dark shades get more steps, and --inverse makes it
+straight again. It is laid on each colour channel or gray, whatever their space; alpha stays. OUT has the
+samples of IN: 8 or 16 bits or floating point, whose 64 bits are calculated in 32. tolk convert changes
+the depth: linear light of 8 bits is coarse in the dark.)";
+
 constexpr char kViewText[] = R"(
   tolk view photo.jpg channels.png --space hls
   tolk view hls.tiff channels.png --from hlsf
 
 IN is RGB, or what --from says, and is converted as tolk convert does it. The channels are gray
-pictures of 8 bits from black, which is 0, to white, which is 255, 65535 or 1. Hue is shown in
+pictures of 8 bits from black, which is 0, to white, which is 255, 65535 or 1; Lab and LUV of floating
+point are shown as their bytes would be. Hue is shown in
 colour, and gray where a pixel has no saturation.)";
 
 void addCatalogueCommands(CLI::App& app, std::string& name) {
@@ -97,6 +118,8 @@ void addRunCommand(CLI::App& app, tolk::RunOptions& options) {
       ->delimiter(',')
       ->expected(3)
       ->type_name("");
+  run->add_option("--vmin", options.vMin, "for gamma in floating point, what stands for 0");
+  run->add_option("--vmax", options.vMax, "likewise for 1");
   run->add_option("--repeat", options.repeat, "call N times and print the speed")->check(CLI::Range(1, 1'000'000));
   run->add_flag("--strict", options.strict, "a warning of the function is an error");
   run->callback([&] { tolk::runFunction(options); });
@@ -116,6 +139,7 @@ void addConvertCommand(CLI::App& app, tolk::ConvertOptions& options) {
       ->type_name("WIDTHxHEIGHT");
   convert->add_option("--alpha", options.alpha, "of OUT with alpha; at every depth 255 is opaque (default)")
       ->check(CLI::Range(0, 255));
+  convert->add_flag("--linear", options.linear, kLinearText);
   convert->callback([&] { tolk::convertPicture(options); });
 }
 
@@ -128,7 +152,19 @@ void addViewCommand(CLI::App& app, tolk::ViewOptions& options) {
       ->type_name("FORMAT");
   view->add_option("--from", options.from, "of IN, where the file or its name does not tell")->type_name("FORMAT");
   view->add_option("--size", options.size, "of raw bytes, in pixels")->type_name("WIDTHxHEIGHT");
+  view->add_flag("--linear", options.linear, kLinearText);
   view->callback([&] { tolk::viewPicture(options); });
+}
+
+void addGammaCommand(CLI::App& app, tolk::GammaOptions& options) {
+  auto* gamma = app.add_subcommand("gamma", "Lay the transfer curve of ITU-R BT.709 on a picture, or take it off");
+  gamma->footer(kGammaText);
+  gamma->add_option("IN", options.in, "an image file")->required()->type_name("");
+  gamma->add_option("OUT", options.out, "the image file to write")->required()->type_name("");
+  gamma->add_flag("--inverse", options.inverse, "take the curve off");
+  gamma->add_option("--vmin", options.vMin, "of floating point, what stands for 0 (default 0)");
+  gamma->add_option("--vmax", options.vMax, "likewise for 1 (default 1)");
+  gamma->callback([&] { tolk::bendPicture(options); });
 }
 
 struct PictureOptions {
@@ -156,11 +192,13 @@ int parse(int count, char** words) {
   tolk::RunOptions runOptions;
   tolk::ConvertOptions convertOptions;
   tolk::ViewOptions viewOptions;
+  tolk::GammaOptions gammaOptions;
   PictureOptions pictureOptions;
   addCatalogueCommands(app, name);
   addRunCommand(app, runOptions);
   addConvertCommand(app, convertOptions);
   addViewCommand(app, viewOptions);
+  addGammaCommand(app, gammaOptions);
   addPictureCommands(app, pictureOptions);
   CLI11_PARSE(app, count, words);
   if (!std::cout.flush()) throw std::runtime_error("cannot write standard output");

@@ -39,10 +39,13 @@ Channel channelOf(RawImage& raw, int index) {
           static_cast<size_t>(raw.shapes[0].channels) * sample};
 }
 
+// Colour channels of whatever space.
+bool namesNoSpace(const SideInfo& side) { return side.space == "Color" || side.space.starts_with("Gamma"); }
+
 bool isFourChannels(std::string_view layout) { return layout == "C4" || layout == "AC4"; }
 
 void requireFits(const Image& image, const SideInfo& info) {
-  const bool gray = imageChannels(info) == 1, anyColour = holdsPixels(info) || info.space == "Color";
+  const bool gray = imageChannels(info) == 1, anyColour = holdsPixels(info) || namesNoSpace(info);
   if (gray ? image.colours() == 3 : image.colours() == 1 && !anyColour) {
     throw std::runtime_error(std::string("a ") + (gray ? "colour" : "gray") + " image, but expected is " + label(info));
   }
@@ -126,6 +129,11 @@ std::optional<int> repackingCost(const SideInfo& from, const SideInfo& to) {
     if (holdsPixels(from) && holdsPixels(to)) return depth + (same ? 0 : fourth == toFourth ? 1 : 2);
     return same ? std::optional(depth) : std::nullopt;
   }
+  auto isThree = [](const SideInfo& side) {
+    return servesImages(side) && (side.layout == "C3" || side.layout == "P3");
+  };
+  const bool alike = from.sample == to.sample || (from.sample.ends_with("f") && to.sample.ends_with("f"));
+  if (from.space == to.space && isThree(from) && isThree(to) && alike) return depth + (from.layout != to.layout);
   const auto exchanged = exchangedChroma(from);
   const bool swaps = exchanged && exchanged->space == to.space && from.layout == "P3" && to.layout == "P3";
   return swaps ? std::optional(1) : std::nullopt;
@@ -133,7 +141,7 @@ std::optional<int> repackingCost(const SideInfo& from, const SideInfo& to) {
 
 RawImage repacked(RawImage from, const SideInfo& to, uint8_t alpha) {
   if (label(from.info) == label(to)) return from;
-  if (isScalable(to)) return fromImage(withBits(toImage(from), sampleBits(to.sample)), to, alpha);
+  if (servesImages(to)) return fromImage(withBits(toImage(from), sampleBits(to.sample)), to, alpha);
   from.info = to;
   const Side planes = from.side();
   auto* first = static_cast<uint8_t*>(planes.plane[1]);
@@ -143,7 +151,8 @@ RawImage repacked(RawImage from, const SideInfo& to, uint8_t alpha) {
 }
 
 bool servesImages(const SideInfo& info) {
-  constexpr std::string_view kSpaces[] = {"RGB", "BGR", "Color", "Gray", "Gray10", "XYZ", "HLS", "HSV", "YCC"};
+  constexpr std::string_view kSpaces[] = {"RGB", "BGR", "Color", "Gray", "Gray10",   "XYZ",     "Lab",
+                                          "LUV", "HLS", "HSV",   "YCC",  "GammaFwd", "GammaInv"};
   constexpr std::string_view kSamples[] = {"8u", "16u", "16s", "32f", "64f"};
   auto has = [](const auto& names, std::string_view name) {
     return std::find(std::begin(names), std::end(names), name) != std::end(names);

@@ -6,7 +6,9 @@
 #include <iterator>
 #include <stdexcept>
 
+#include "lookup.h"
 #include "matrices.h"
+#include "samples.h"
 
 namespace tolk {
 
@@ -93,6 +95,17 @@ std::string reached(const Format& from, const Matrix& matrix) {
   return names.empty() ? " nothing" : names;
 }
 
+bool isOfLight(const SideInfo& side) { return side.space == "XYZ" || side.space == "Lab" || side.space == "LUV"; }
+
+// A curve between a step's RGB and the format beside it, at the deeper one's depth as far as there are curves.
+Step curveStep(const char* direction, const SideInfo& side, const Format& beside) {
+  const int bits = std::max(sampleBits(side.sample), sampleBits(beside.side.sample));
+  const std::string sample(sampleType(std::min(bits, 32)));
+  const Function& curve = requireFunction(std::string("tolkGamma") + direction + "_" + sample + "_C3R");
+  const SideInfo rgb = {"RGB", "C3", curve.src.sample};
+  return {&curve, rgb, rgb};
+}
+
 }  // namespace
 
 Route requireRoute(const Format& from, const Format& to, const Matrix& matrix) {
@@ -111,6 +124,31 @@ Route requireRoute(const Format& from, const Format& to, const Matrix& matrix) {
   }
   throw std::runtime_error(message + "\nfrom " + std::string(from.name) + given + " they lead to" +
                            reached(from, matrix));
+}
+
+Route withCurve(const Route& route) {
+  const auto& [formats, steps] = route;
+  if (std::none_of(formats.begin(), formats.end(), [](const Format* format) { return isOfLight(format->side); })) {
+    throw std::runtime_error("from " + std::string(formats.front()->name) + " to " + std::string(formats.back()->name) +
+                             " no transfer curve is applied: neither is XYZ, Lab or LUV");
+  }
+  if (steps.empty()) return route;
+  Route curved = {{formats[0]}, {}};
+  auto append = [&](const Step& step, const Format* format) {
+    curved.steps.push_back(step);
+    curved.formats.push_back(format);
+  };
+  for (size_t i = 0; i < steps.size(); ++i) {
+    const bool straight = i > 0 && isOfLight(steps[i - 1].src);  // from light by RGB to light
+    if (isOfLight(steps[i].dst) && !straight) {
+      const Step off = curveStep("Inv", steps[i].src, *formats[i]);
+      append(off, findFormat(off.dst));
+    }
+    const bool lays = isOfLight(steps[i].src) && !isOfLight(formats.back()->side);
+    append(steps[i], lays ? findFormat({"RGB", "C3", steps[i].dst.sample}) : formats[i + 1]);
+    if (lays) append(curveStep("Fwd", steps[i].dst, *formats[i + 1]), formats[i + 1]);
+  }
+  return curved;
 }
 
 TolkSize wholeSize(const Route& route, TolkSize size) {

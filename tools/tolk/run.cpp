@@ -66,6 +66,10 @@ Arguments argumentsFor(const RunOptions& options, const Function& function) {
   } else if (function.name == "tolkColorToGray_64f_AC4C1R") {
     throw std::runtime_error(std::string(function.name) + " has no weights of its own: it needs --coeffs");
   }
+  if ((options.vMin || options.vMax) && !function.has("vMin")) {
+    throw std::runtime_error(std::string(function.name) + " takes no vMin and vMax");
+  }
+  arguments.vMin = options.vMin.value_or(0), arguments.vMax = options.vMax.value_or(1);
   return arguments;
 }
 

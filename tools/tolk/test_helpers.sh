@@ -19,6 +19,8 @@ say() {  # STATUS WORDS COMMAND...: runs the tool, whose words are left in $outp
     fail "tolk $*: expected status $status and \"$words\", got status $got and: $output"
 }
 
+ask() { "$tool" "$@" 2>message || fail "tolk $*: $(cat message)"; }
+
 holds() {  # FILE HEX
   checks=$((checks + 1))
   local got

@@ -3,8 +3,6 @@
 # shellcheck source=tools/tolk/test_helpers.sh
 . "$(dirname "$0")/test_helpers.sh"
 
-ask() { "$tool" "$@" 2>message || fail "tolk $*: $(cat message)"; }
-
 patch() {  # FILE FROM TO: the one place where a file holds FROM, in hex
   python3 - "$@" <<'END' || fail "patch $*"
 import pathlib, sys
@@ -23,8 +21,9 @@ while read -r sample file plain; do
   ask convert six.ppm "in.$file" --to "$plain"
   ask convert six.ppm in.raw --to "$plain"
   if [[ $sample == 16s ]]; then flipSigns <in.raw >flipped && mv flipped in.raw; fi
-  for space in XYZ HLS HSV YCC; do
+  for space in XYZ HLS HSV YCC LUV Lab; do
     [[ $space != HSV || $sample == *u ]] || continue
+    [[ $space != Lab || $sample == 8u || $sample == 32f ]] || continue
     ask run "tolkRGBTo${space}_${sample}_C3R" in.raw there.raw --size 3x2 >report
     ask run "tolkRGBTo${space}_${sample}_C3R" "in.$file" "there.$file" >report
     ask run "tolk${space}ToRGB_${sample}_C3R" there.raw back.raw --size 3x2 >report

@@ -29,12 +29,15 @@ constexpr Glyph kGlyphs[] = {
     {'S', {0x0F, 0x10, 0x10, 0x0E, 0x01, 0x01, 0x1E}}, {'U', {0x11, 0x11, 0x11, 0x11, 0x11, 0x11, 0x0E}},
     {'V', {0x11, 0x11, 0x11, 0x11, 0x11, 0x0A, 0x04}}, {'X', {0x11, 0x11, 0x0A, 0x04, 0x0A, 0x11, 0x11}},
     {'Y', {0x11, 0x11, 0x0A, 0x04, 0x04, 0x04, 0x04}}, {'Z', {0x1F, 0x01, 0x02, 0x04, 0x08, 0x10, 0x1F}},
-    {'b', {0x10, 0x10, 0x16, 0x19, 0x11, 0x11, 0x1E}}, {'r', {0x00, 0x00, 0x16, 0x19, 0x10, 0x10, 0x10}},
+    {'a', {0x00, 0x00, 0x0E, 0x01, 0x0F, 0x11, 0x0F}}, {'b', {0x10, 0x10, 0x16, 0x19, 0x11, 0x11, 0x1E}},
+    {'r', {0x00, 0x00, 0x16, 0x19, 0x10, 0x10, 0x10}}, {'u', {0x00, 0x00, 0x11, 0x11, 0x11, 0x13, 0x0D}},
+    {'v', {0x00, 0x00, 0x11, 0x11, 0x11, 0x0A, 0x04}},
 };
 
 using Names = std::array<std::string_view, 3>;
 
 Names channelNames(std::string_view space) {
+  if (space == "LUV") return {"L", "u", "v"};
   if (space == "YCC") return {"Y", "C1", "C2"};
   if (space == "YCbCr") return {"Y", "Cb", "Cr"};
   return {space.substr(0, 1), space.substr(1, 1), space.substr(2, 1)};
@@ -76,6 +79,22 @@ Image labelled(const Image& picture, std::string_view name) {
   return result;
 }
 
+// Where floating point is no part of full scale, what integers of the space would be of theirs.
+Image fractionsOf(Image image, std::string_view space) {
+  struct Scale {
+    double below, span;
+  };
+  static constexpr Scale kLab[] = {{0, 100}, {128, 255}, {128, 255}}, kLUV[] = {{0, 100}, {134, 354}, {140, 262}};
+  if (image.bits < 32 || (space != "Lab" && space != "LUV")) return image;
+  const size_t count = image.pixels() * 3, bytes = image.sampleBytes();
+  for (size_t i = 0; i < count; ++i) {
+    const Scale& scale = (space == "Lab" ? kLab : kLUV)[i % 3];
+    uint8_t* sample = &image.samples[i * bytes];
+    storeFraction(sample, image.bits, (sampleAt(sample, image.bits) + scale.below) / scale.span);
+  }
+  return image;
+}
+
 Image channelOf(const Image& image, size_t index) {
   Image result{image.width, image.height, 1, 8, {}};
   for (size_t at = index; at < image.samples.size(); at += 3) result.samples.push_back(image.samples[at]);
@@ -98,7 +117,8 @@ Image huesOf(const Image& image, bool saturationIsLast) {
 }  // namespace
 
 void viewPicture(const ViewOptions& options) {
-  const ConvertOptions conversion = {options.in, options.out, options.from, options.space, {}, options.size, {}};
+  const ConvertOptions conversion = {options.in, options.out,  options.from, options.space,
+                                     {},         options.size, {},           options.linear};
   if (!options.space.empty()) requireShown(options.space);
   Source source = readSource(conversion);
   const std::string own(isShown(source.format.side) ? source.format.name : "rgb24");
@@ -106,7 +126,7 @@ void viewPicture(const ViewOptions& options) {
   const bool hasHue = space.side.space.starts_with("H");
   requireHolds(options.out, hasHue ? 3 : 1, 8);
   RawImage converted = convertSource(std::move(source), space, conversion).image;
-  const Image image = withBits(toImage(converted), 8);
+  const Image image = withBits(fractionsOf(toImage(converted), space.side.space), 8);
 
   std::vector<Image> pictures;
   const Names names = channelNames(space.side.space);

@@ -77,6 +77,16 @@ Number weightedSum(const Three<Number>& p, const Three<Number>& w) {
   return sum + b;
 }
 
+template <typename Number>
+using Matrix = Three<Three<Number>>;
+constexpr Matrix<float> kToXyz = {
+    {{0.412453f, 0.35758f, 0.180423f}, {0.212671f, 0.71516f, 0.072169f}, {0.019334f, 0.119193f, 0.950227f}}};
+
+inline Three<float> product(const Matrix<float>& m, float a, float b, float c) {
+  const Three<float> pixel = {a, b, c};
+  return {weightedSum(m[0], pixel), weightedSum(m[1], pixel), weightedSum(m[2], pixel)};
+}
+
 // The processor's estimate of 1 / d, to 12 bits, as it comes and after one Newton step.
 inline float estimate(float d) { return _mm_cvtss_f32(_mm_rcp_ss(_mm_set_ss(d))); }
 inline float refinedEstimate(float d) {

@@ -7,9 +7,6 @@
 namespace reference {
 namespace {
 
-template <typename Number>
-using Matrix = Three<Three<Number>>;
-
 // Bytes by an integer matrix. X and Y of the tail's matrix stay below 255, so that the limit shows in Z alone.
 struct Fixed {
   Integer scale;
@@ -25,15 +22,8 @@ constexpr Fixed kTailToXyz = {65536, {{{27030, 23434, 11824}, {13937, 46868, 472
 constexpr Fixed kBlockToRgb = {8192, {{{26546, -12591, -4083}, {-7939, 15368, 340}, {456, -1671, 8661}}}};
 constexpr Fixed kTailToRgb = {65536, {{{212368, -100738, -32671}, {-63521, 122944, 2723}, {3646, -13372, 69291}}}};
 
-constexpr Matrix<float> kToXyz = {
-    {{0.412453f, 0.35758f, 0.180423f}, {0.212671f, 0.71516f, 0.072169f}, {0.019334f, 0.119193f, 0.950227f}}};
 constexpr Matrix<float> kToRgb = {
     {{3.240479f, -1.53715f, -0.498535f}, {-0.969256f, 1.875991f, 0.041556f}, {0.055648f, -0.204043f, 1.057311f}}};
-
-Three<float> product(const Matrix<float>& m, float a, float b, float c) {
-  const Three<float> pixel = {a, b, c};
-  return {weightedSum(m[0], pixel), weightedSum(m[1], pixel), weightedSum(m[2], pixel)};
-}
 
 // 16-bit samples, which lie kBias below the values that the matrix takes.
 template <int kBias>
