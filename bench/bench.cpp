@@ -53,7 +53,7 @@ void appendSample(std::vector<uint8_t>& bytes, std::string_view type, uint32_t b
   const float share = static_cast<float>(bits >> 8) * 0x1p-24f;
   if (type == "64f") return append(bytes, static_cast<double>(share));
   if (type == "32f") return append(bytes, share);
-  if (type == "32u") return append(bytes, bits);
+  if (type == "32u" || type == "32s") return append(bytes, bits);
   tolk::sampleBits(type) == 16 ? append(bytes, static_cast<uint16_t>(bits)) : append(bytes, static_cast<uint8_t>(bits));
 }
 
@@ -81,7 +81,8 @@ class Images {
     size_t total = 0, plane = 0;
     for (const tolk::PlaneShape& shape : tolk::planeShapes(info, call.roi)) {
       const uint32_t period = shape.channels == 2 ? 4 : static_cast<uint32_t>(shape.channels);
-      const int64_t samples = shape.rowBytes * 8 / tolk::sampleBits(info.sample);
+      const int64_t samples =
+          info.sample == "12u" ? shape.rowBytes : shape.rowBytes * 8 / tolk::sampleBits(info.sample);
       std::vector<uint8_t>& bytes = planes.emplace_back();
       bytes.reserve(static_cast<size_t>(shape.rowBytes * shape.rows) + 64);  // peers write past the last row
       for (uint32_t y = 0; y < shape.rows; ++y) {

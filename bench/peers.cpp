@@ -51,8 +51,9 @@ void swapChroma(tolk::Side& side) {
 
 Conversion findConversion(const Peer& peer, const tolk::Function& function, TolkSize roi) {
   const tolk::SideInfo &src = function.src, &dst = function.dst;
-  // Other matrices cost the peers the same; gamma none of them has.
-  const bool plain = function.variant.empty() && function.operation.find("Gamma") == std::string_view::npos;
+  // Other matrices cost the peers the same; gamma none of them has, nor a twist: between like sides they copy.
+  const bool plain = function.variant.empty() && function.operation.find("Gamma") == std::string_view::npos &&
+                     !function.operation.starts_with("ColorTwist");
   if (!plain || function.inPlace || src.sample != dst.sample) return nullptr;
   if (!wholeGroups(src, roi) || !wholeGroups(dst, roi)) return nullptr;
   Conversion conversion = peer.find(format(src), format(dst), roi);

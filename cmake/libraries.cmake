@@ -26,7 +26,10 @@ set(TOLK_SOURCES
     spaces/lab.cpp
     spaces/luv.cpp
     spaces/photoycc.cpp
-    spaces/xyz.cpp)
+    spaces/xyz.cpp
+    values/pack12.cpp
+    values/twist.cpp
+    values/ycocg.cpp)
 
 # The gamma tables are calculated by a program of the build, once for all classes.
 add_executable(make_gamma_tables tools/make_gamma_tables.cpp)

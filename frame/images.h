@@ -308,6 +308,49 @@ struct PlanarImage {
   std::array<ptrdiff_t, C> step;
 };
 
+// ---- Planes of samples twice as wide as those of the other side, whose pixels to a lane they take ----
+
+template <class Element, int C>
+struct WidePlanes : PlanarImage<Element, C> {
+  using T = std::remove_const_t<Element>;
+  struct Row : PlanarImage<Element, C>::Row {
+    using Sample = std::conditional_t<sizeof(T) == 4, uint16_t, uint8_t>;
+
+    template <int L>
+    LANE_OP std::array<Halves<T, L>, C> load(ptrdiff_t x) const {
+      std::array<Halves<T, L>, C> channel;
+      unrolled<C>([&](auto c) __attribute__((always_inline)) { channel[c] = loadHalves<T, L>(this->at(x, c)); });
+      return channel;
+    }
+    template <int L>
+    LANE_OP std::array<Halves<T, L>, C> loadSome(ptrdiff_t x, ptrdiff_t pixels) const {
+      std::array<Halves<T, L>, C> channel;
+      const ptrdiff_t bytes = pixels * ptrdiff_t{sizeof(T)};
+      unrolled<C>([&](auto c) __attribute__((always_inline)) {
+        channel[c] = {loadBytes<32, T, L>(this->at(x, c), bytes), loadBytes<32, T, L>(this->at(x, c) + 16, bytes - 16)};
+      });
+      return channel;
+    }
+    template <int L>
+    LANE_OP void store(ptrdiff_t x, const std::array<Halves<T, L>, C>& channel) const {
+      unrolled<C>([&](auto c) __attribute__((always_inline)) { storeHalves(this->at(x, c), channel[c]); });
+    }
+    template <int L>
+    LANE_OP void storeSome(ptrdiff_t x, ptrdiff_t pixels, const std::array<Halves<T, L>, C>& channel) const {
+      const ptrdiff_t bytes = pixels * ptrdiff_t{sizeof(T)};
+      unrolled<C>([&](auto c) __attribute__((always_inline)) {
+        storeBytes<32>(this->at(x, c), channel[c].low, bytes);
+        storeBytes<32>(this->at(x, c) + 16, channel[c].high, bytes - 16);
+      });
+    }
+  };
+  Row row(ptrdiff_t y) const { return {PlanarImage<Element, C>::row(y)}; }
+};
+template <class Element, int C>
+WidePlanes<Element, C> wide(PlanarImage<Element, C> image) {
+  return {image};
+}
+
 // ---- What the exported functions call them ----
 
 template <class Layout, class T>

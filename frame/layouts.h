@@ -34,6 +34,22 @@ using RGBA = Packed<4, 0, 1, 2, 3>;
 using BGR4 = Packed<4, 2, 1, 0>;
 using BGRA = Packed<4, 2, 1, 0, 3>;
 
+// Adds what P picks of a, if anything.
+constexpr bool isEmpty(const Places& places) {
+  for (int8_t place : places.at) {
+    if (place >= 0) return false;
+  }
+  return true;
+}
+template <const Places& P, class T, int L>
+LANE_OP Reg<T, L> addPicked(Reg<T, L> sum, Reg<T, L> a) {
+  if constexpr (isEmpty(P)) {
+    return sum;
+  } else {
+    return sum | pick(a, everyLane<L>(P));
+  }
+}
+
 namespace detail {
 
 // Places that take sample `channel` of the pixels of a lane out of source register `from`.
@@ -78,6 +94,11 @@ constexpr Places ownBytes(int channel, int k) {
   }
   return places;
 }
+constexpr int wordBits(const Places& ownBytes) {
+  int bits = 0;
+  for (int word = 0; word < 8; ++word) bits |= (ownBytes.at[2 * word] & 1) << word;
+  return bits;
+}
 // where the bytes of its register are found in the blend,
 template <class Layout, int Size>
 constexpr Places placesInBlend(int channel) {
@@ -109,21 +130,6 @@ inline constexpr Places kPlacesInMemory = placesInMemory<Layout, Size>(Channel, 
 template <class Layout, int Size>
 inline constexpr Places kPlacesOfQuarters = placesOfQuarters<Layout, Size>();
 
-constexpr bool isEmpty(const Places& places) {
-  for (int8_t place : places.at) {
-    if (place >= 0) return false;
-  }
-  return true;
-}
-template <const Places& P, class T, int L>
-LANE_OP Reg<T, L> addPicked(Reg<T, L> sum, Reg<T, L> a) {
-  if constexpr (isEmpty(P)) {
-    return sum;
-  } else {
-    return sum | pick(a, everyLane<L>(P));
-  }
-}
-
 template <class Layout, int C, class T, int L, size_t... From>
 LANE_OP Reg<T, L> gatherChannel(const Registers<T, L, Layout::kStride>& memory, std::index_sequence<From...>) {
   Reg<T, L> channel = Reg<T, L>::splat(0);
@@ -140,7 +146,12 @@ LANE_OP Reg<T, L> gatherMemory(const Registers<T, L, Layout::kChannels>& channel
 // a where memory register k holds the channel's bytes, else b.
 template <class Layout, int C, int K, class T, int L>
 LANE_OP Reg<T, L> chooseOwn(Reg<T, L> a, Reg<T, L> b) {
-  return choose(everyLane<L>(kOwnBytes<Layout, sizeof(T), C, K>), a, b);
+  constexpr const Places& kOwn = kOwnBytes<Layout, sizeof(T), C, K>;
+  if constexpr (sizeof(T) == 2) {
+    return chooseWords<wordBits(kOwn)>(a, b);
+  } else {
+    return choose(everyLane<L>(kOwn), a, b);
+  }
 }
 template <class Layout, int C, class T, int L>
 LANE_OP Reg<T, L> blendedChannel(const Registers<T, L, 3>& memory) {

@@ -82,6 +82,16 @@ LANE_OP auto applyForm(Form form, const std::array<Channel, C>& channel) {
   }
 }
 
+// Samples of two registers a channel: one half after the other, and narrowed.
+template <class Form, class T, int L, size_t C>
+LANE_OP auto applyForm(Form form, const std::array<Halves<T, L>, C>& channel) {
+  return [&]<size_t... I>(std::index_sequence<I...>) __attribute__((always_inline)) {
+    const auto low = form(channel[I].low...), high = form(channel[I].high...);
+    return std::array{narrow(low[I], high[I])...};
+  }
+  (std::make_index_sequence<C>{});
+}
+
 // The tail after blocks of 8 or fewer lies in one half of a lane of bytes; that half's result is given in both.
 template <int N, class Form, class T, int L, size_t C>
 LANE_OP auto applyTailForm(Form form, const std::array<Reg<T, L>, C>& channel, ptrdiff_t end) {
@@ -199,6 +209,28 @@ TolkStatus rows(Size roi, Source src, Block<N, BlockForm, BlockTarget> block, Ta
 template <class Size, class Source, class Target, int N, class BlockForm, class TailForm>
 TolkStatus rows(Size roi, Source src, Target dst, Block<N, BlockForm> b, Tail<TailForm> t) {
   return rows(roi, src, block<N>(b.form, dst), tail(t.form, dst));
+}
+
+// Bytes as 16-bit numbers, those as 32-bit ones; the results, which are as wide, fill wide planes.
+template <class Form>
+struct OnWide {
+  static constexpr bool kTakesSamples = true;
+
+  template <class T, int L, class... Regs>
+  LANE_OP auto operator()(Reg<T, L> first, Regs... others) const {
+    const auto low = form(widenLow(first), widenLow(others)...), high = form(widenHigh(first), widenHigh(others)...);
+    return [&]<size_t... I>(std::index_sequence<I...>) __attribute__((always_inline)) {
+      return std::array{Halves{low[I], high[I]}...};
+    }
+    (std::make_index_sequence<std::tuple_size_v<std::decay_t<decltype(low)>>>{});
+  }
+  LANE_OP auto operator()(std::same_as<int> auto... samples) const { return form(samples...); }
+
+  Form form;
+};
+template <class Form>
+OnWide<Form> onWide(Form form) {
+  return {form};
 }
 
 // One form for every column.

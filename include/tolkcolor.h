@@ -2015,6 +2015,240 @@ TOLK_API TolkStatus tolkGammaInv_32f_AC4IR(float* srcDst, int32_t srcDstStep, To
 TOLK_API TolkStatus tolkGammaInv_32f_IP3R(float* const srcDst[3], int32_t srcDstStep, TolkSize roi, float vMin,
                                           float vMax);
 
+/* ==== YCoCg ==== */
+
+/** RGB and BGR to and from planes of luma Y and the chroma Co, of orange, and Cg, of green, by integers.
+ *
+ * BGR and SBGR have samples B, G, R, and RGB has R, G, B; the samples of SBGR are signed. The planes are Y, Co, Cg in
+ * this order and share one step. The fourth sample of a C4 source is not used, that of a C4 destination is alpha. The
+ * plain transform loses low bits, so that its inverse does not restore the source. The transform Rev restores it, where
+ * Co and Cg have a bit more than the source. Divisions round toward minus infinity:
+ *
+ * - plain forward: Y = (R + 2 G + B + 2) / 4, Co = (R - B + 1) / 2, Cg = (2 G - R - B + 2) / 4
+ * - plain inverse: t = Y - Cg, B = t - Co, G = Y + Cg, R = t + Co
+ * - Rev forward: Co = R - B, t = B + Co / 2, Cg = G - t, Y = t + Cg / 2
+ * - Rev inverse: t = Y - Cg / 2, G = Cg + t, B = t - Co / 2, R = B + Co
+ *
+ * Results are stored:
+ *
+ * - 8u16s and 16s32s: as they are
+ * - plain forward in 16s: limited to -32768..32767
+ * - Rev forward and both inverses in 16s: each, t too, is reduced to its low 16 bits, as a signed number, before it is
+ *   used; so Rev restores every source, as one reduction undoes the other
+ * - 16s8u: reduced likewise, then R, G, B are limited to 0..255; so a sum above 32767, being negative by then, gives 0
+ * - 32s16s: the low 16 bits of R, G, B, calculated in 32 bits of which overflows are dropped
+ * - 8u to planes: Y as it is, Co + 128 and Cg + 128, limited to 255; none is below 1
+ * - 8u from planes: Co - 128 and Cg - 128 are taken for Co and Cg, and R, G, B are limited to 0..255
+ *
+ * Every column is calculated alike. Any width and height from 1. Steps are not tested.
+ *
+ * Returns tolkStatusOk; tolkStatusNullPointer for a null pointer, pointer array or plane; then, in the functions that
+ * say so, tolkStatusBadSize for a width or height under 1. The other functions do not refuse such a size: they write
+ * nothing and return tolkStatusOk.
+ */
+/** Plain forward, from three channels. Refuses a bad size. */
+TOLK_API TolkStatus tolkBGRToYCoCg_8u16s_C3P3R(const uint8_t* src, int32_t srcStep, int16_t* const dst[3],
+                                               int32_t dstStep, TolkSize roi);
+/** Plain forward, from four channels. Refuses a bad size. */
+TOLK_API TolkStatus tolkBGRToYCoCg_8u16s_C4P3R(const uint8_t* src, int32_t srcStep, int16_t* const dst[3],
+                                               int32_t dstStep, TolkSize roi);
+/** Rev forward, from three channels. Refuses a bad size. */
+TOLK_API TolkStatus tolkBGRToYCoCg_Rev_8u16s_C3P3R(const uint8_t* src, int32_t srcStep, int16_t* const dst[3],
+                                                   int32_t dstStep, TolkSize roi);
+/** Rev forward, from four channels. Refuses a bad size. */
+TOLK_API TolkStatus tolkBGRToYCoCg_Rev_8u16s_C4P3R(const uint8_t* src, int32_t srcStep, int16_t* const dst[3],
+                                                   int32_t dstStep, TolkSize roi);
+/** Plain forward with offsets, from three channels. Refuses a bad size. */
+TOLK_API TolkStatus tolkRGBToYCoCg_8u_C3P3R(const uint8_t* src, int32_t srcStep, uint8_t* const dst[3], int32_t dstStep,
+                                            TolkSize roi);
+/** Plain forward, limited, from three channels. Refuses a bad size. */
+TOLK_API TolkStatus tolkSBGRToYCoCg_16s_C3P3R(const int16_t* src, int32_t srcStep, int16_t* const dst[3],
+                                              int32_t dstStep, TolkSize roi);
+/** Plain forward, limited, from four channels. Refuses a bad size. */
+TOLK_API TolkStatus tolkSBGRToYCoCg_16s_C4P3R(const int16_t* src, int32_t srcStep, int16_t* const dst[3],
+                                              int32_t dstStep, TolkSize roi);
+/** Plain forward, from three channels. Refuses a bad size. */
+TOLK_API TolkStatus tolkSBGRToYCoCg_16s32s_C3P3R(const int16_t* src, int32_t srcStep, int32_t* const dst[3],
+                                                 int32_t dstStep, TolkSize roi);
+/** Plain forward, from four channels. */
+TOLK_API TolkStatus tolkSBGRToYCoCg_16s32s_C4P3R(const int16_t* src, int32_t srcStep, int32_t* const dst[3],
+                                                 int32_t dstStep, TolkSize roi);
+/** Rev forward in 16 bits, from three channels. */
+TOLK_API TolkStatus tolkSBGRToYCoCg_Rev_16s_C3P3R(const int16_t* src, int32_t srcStep, int16_t* const dst[3],
+                                                  int32_t dstStep, TolkSize roi);
+/** Rev forward in 16 bits, from four channels. */
+TOLK_API TolkStatus tolkSBGRToYCoCg_Rev_16s_C4P3R(const int16_t* src, int32_t srcStep, int16_t* const dst[3],
+                                                  int32_t dstStep, TolkSize roi);
+/** Rev forward, from three channels. Refuses a bad size. */
+TOLK_API TolkStatus tolkSBGRToYCoCg_Rev_16s32s_C3P3R(const int16_t* src, int32_t srcStep, int32_t* const dst[3],
+                                                     int32_t dstStep, TolkSize roi);
+/** Rev forward, from four channels. */
+TOLK_API TolkStatus tolkSBGRToYCoCg_Rev_16s32s_C4P3R(const int16_t* src, int32_t srcStep, int32_t* const dst[3],
+                                                     int32_t dstStep, TolkSize roi);
+/** Plain inverse in 16 bits, then limited, to three channels. */
+TOLK_API TolkStatus tolkYCoCgToBGR_16s8u_P3C3R(const int16_t* const src[3], int32_t srcStep, uint8_t* dst,
+                                               int32_t dstStep, TolkSize roi);
+/** Plain inverse in 16 bits, then limited, to four channels. */
+TOLK_API TolkStatus tolkYCoCgToBGR_16s8u_P3C4R(const int16_t* const src[3], int32_t srcStep, uint8_t* dst,
+                                               int32_t dstStep, TolkSize roi, uint8_t alpha);
+/** Rev inverse in 16 bits, then limited, to three channels. */
+TOLK_API TolkStatus tolkYCoCgToBGR_Rev_16s8u_P3C3R(const int16_t* const src[3], int32_t srcStep, uint8_t* dst,
+                                                   int32_t dstStep, TolkSize roi);
+/** Rev inverse in 16 bits, then limited, to four channels. */
+TOLK_API TolkStatus tolkYCoCgToBGR_Rev_16s8u_P3C4R(const int16_t* const src[3], int32_t srcStep, uint8_t* dst,
+                                                   int32_t dstStep, TolkSize roi, uint8_t alpha);
+/** Plain inverse with offsets, limited, to three channels. */
+TOLK_API TolkStatus tolkYCoCgToRGB_8u_P3C3R(const uint8_t* const src[3], int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                            TolkSize roi);
+/** Plain inverse in 16 bits, to three channels. */
+TOLK_API TolkStatus tolkYCoCgToSBGR_16s_P3C3R(const int16_t* const src[3], int32_t srcStep, int16_t* dst,
+                                              int32_t dstStep, TolkSize roi);
+/** Plain inverse in 16 bits, to four channels. Refuses a bad size. */
+TOLK_API TolkStatus tolkYCoCgToSBGR_16s_P3C4R(const int16_t* const src[3], int32_t srcStep, int16_t* dst,
+                                              int32_t dstStep, TolkSize roi, int16_t alpha);
+/** Plain inverse, cut to 16 bits, to three channels. Refuses a bad size. */
+TOLK_API TolkStatus tolkYCoCgToSBGR_32s16s_P3C3R(const int32_t* const src[3], int32_t srcStep, int16_t* dst,
+                                                 int32_t dstStep, TolkSize roi);
+/** Plain inverse, cut to 16 bits, to four channels. Refuses a bad size. */
+TOLK_API TolkStatus tolkYCoCgToSBGR_32s16s_P3C4R(const int32_t* const src[3], int32_t srcStep, int16_t* dst,
+                                                 int32_t dstStep, TolkSize roi, int16_t alpha);
+/** Rev inverse in 16 bits, to three channels. */
+TOLK_API TolkStatus tolkYCoCgToSBGR_Rev_16s_P3C3R(const int16_t* const src[3], int32_t srcStep, int16_t* dst,
+                                                  int32_t dstStep, TolkSize roi);
+/** Rev inverse in 16 bits, to four channels. */
+TOLK_API TolkStatus tolkYCoCgToSBGR_Rev_16s_P3C4R(const int16_t* const src[3], int32_t srcStep, int16_t* dst,
+                                                  int32_t dstStep, TolkSize roi, int16_t alpha);
+/** Rev inverse, cut to 16 bits, to three channels. */
+TOLK_API TolkStatus tolkYCoCgToSBGR_Rev_32s16s_P3C3R(const int32_t* const src[3], int32_t srcStep, int16_t* dst,
+                                                     int32_t dstStep, TolkSize roi);
+/** Rev inverse, cut to 16 bits, to four channels. */
+TOLK_API TolkStatus tolkYCoCgToSBGR_Rev_32s16s_P3C4R(const int32_t* const src[3], int32_t srcStep, int16_t* dst,
+                                                     int32_t dstStep, TolkSize roi, int16_t alpha);
+
+/* ==== Colour twist ==== */
+
+/** One affine map of the three colours of every pixel, of 8u, 16u, 16s and 32f samples. twist is the map's matrix: row
+ * c gives channel c of the destination by the weights of the channels 0, 1 and 2 and an offset, in the scale of the
+ * samples.
+ *
+ * With samples c0, c1, c2 as single precision numbers and the row m0, m1, m2, m3 of a channel, every operation is
+ * rounded on its own to single precision, to nearest, none is fused, and the parentheses count:
+ *
+ * - r = (m3 + c0 * m0) + (c2 * m2 + c1 * m1)
+ * - 32f: the result is r
+ * - 8u, 16u, 16s: r limited to 0..255, 0..65535 or -32768..32767, then rounded to the nearest integer, ties to even; an
+ *   r that is not a number gives the upper limit
+ * - tolkColorTwist_32f_C4R, whose matrix has no offset and a row of four weights for each of four channels:
+ *   r = ((c0 * m0 + c1 * m1) + c2 * m2) + c3 * m3
+ *
+ * The fourth sample of an AC4 source is not used, that of the destination is left as it was. All planes of a side share
+ * one step. Every column is calculated alike.
+ *
+ * The integer functions set the thread's rounding mode to nearest and restore the caller's at the end; results depend
+ * neither on that mode nor on the flags that take denormal numbers for zero. The 32f functions change no mode: they
+ * take the caller's, which has to be to nearest. The sign and payload of a 32f result that is not a number are not
+ * defined.
+ *
+ * Any width and height from 1.
+ *
+ * Returns tolkStatusOk; tolkStatusNullPointer for a null pointer, pointer array, plane or twist; tolkStatusBadSize for
+ * a width or height under 1; tolkStatusBadStep for a step under 1. Pointers are tested first, then the size, then the
+ * steps.
+ */
+/** 8u of three channels. */
+TOLK_API TolkStatus tolkColorTwist32f_8u_C3R(const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                             TolkSize roi, const float twist[3][4]);
+/** 8u of three channels, in place. */
+TOLK_API TolkStatus tolkColorTwist32f_8u_C3IR(uint8_t* srcDst, int32_t srcDstStep, TolkSize roi,
+                                              const float twist[3][4]);
+/** 8u of four channels. */
+TOLK_API TolkStatus tolkColorTwist32f_8u_AC4R(const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                              TolkSize roi, const float twist[3][4]);
+/** 8u of four channels, in place. */
+TOLK_API TolkStatus tolkColorTwist32f_8u_AC4IR(uint8_t* srcDst, int32_t srcDstStep, TolkSize roi,
+                                               const float twist[3][4]);
+/** 8u of three planes. */
+TOLK_API TolkStatus tolkColorTwist32f_8u_P3R(const uint8_t* const src[3], int32_t srcStep, uint8_t* const dst[3],
+                                             int32_t dstStep, TolkSize roi, const float twist[3][4]);
+/** 8u of three planes, in place. */
+TOLK_API TolkStatus tolkColorTwist32f_8u_IP3R(uint8_t* const srcDst[3], int32_t srcDstStep, TolkSize roi,
+                                              const float twist[3][4]);
+/** 16u of three channels. */
+TOLK_API TolkStatus tolkColorTwist32f_16u_C3R(const uint16_t* src, int32_t srcStep, uint16_t* dst, int32_t dstStep,
+                                              TolkSize roi, const float twist[3][4]);
+/** 16u of three channels, in place. */
+TOLK_API TolkStatus tolkColorTwist32f_16u_C3IR(uint16_t* srcDst, int32_t srcDstStep, TolkSize roi,
+                                               const float twist[3][4]);
+/** 16u of four channels. */
+TOLK_API TolkStatus tolkColorTwist32f_16u_AC4R(const uint16_t* src, int32_t srcStep, uint16_t* dst, int32_t dstStep,
+                                               TolkSize roi, const float twist[3][4]);
+/** 16u of four channels, in place. */
+TOLK_API TolkStatus tolkColorTwist32f_16u_AC4IR(uint16_t* srcDst, int32_t srcDstStep, TolkSize roi,
+                                                const float twist[3][4]);
+/** 16u of three planes. */
+TOLK_API TolkStatus tolkColorTwist32f_16u_P3R(const uint16_t* const src[3], int32_t srcStep, uint16_t* const dst[3],
+                                              int32_t dstStep, TolkSize roi, const float twist[3][4]);
+/** 16u of three planes, in place. */
+TOLK_API TolkStatus tolkColorTwist32f_16u_IP3R(uint16_t* const srcDst[3], int32_t srcDstStep, TolkSize roi,
+                                               const float twist[3][4]);
+/** 16s of three channels. */
+TOLK_API TolkStatus tolkColorTwist32f_16s_C3R(const int16_t* src, int32_t srcStep, int16_t* dst, int32_t dstStep,
+                                              TolkSize roi, const float twist[3][4]);
+/** 16s of three channels, in place. */
+TOLK_API TolkStatus tolkColorTwist32f_16s_C3IR(int16_t* srcDst, int32_t srcDstStep, TolkSize roi,
+                                               const float twist[3][4]);
+/** 16s of four channels. */
+TOLK_API TolkStatus tolkColorTwist32f_16s_AC4R(const int16_t* src, int32_t srcStep, int16_t* dst, int32_t dstStep,
+                                               TolkSize roi, const float twist[3][4]);
+/** 16s of four channels, in place. */
+TOLK_API TolkStatus tolkColorTwist32f_16s_AC4IR(int16_t* srcDst, int32_t srcDstStep, TolkSize roi,
+                                                const float twist[3][4]);
+/** 16s of three planes. */
+TOLK_API TolkStatus tolkColorTwist32f_16s_P3R(const int16_t* const src[3], int32_t srcStep, int16_t* const dst[3],
+                                              int32_t dstStep, TolkSize roi, const float twist[3][4]);
+/** 16s of three planes, in place. */
+TOLK_API TolkStatus tolkColorTwist32f_16s_IP3R(int16_t* const srcDst[3], int32_t srcDstStep, TolkSize roi,
+                                               const float twist[3][4]);
+/** 32f of three channels. */
+TOLK_API TolkStatus tolkColorTwist_32f_C3R(const float* src, int32_t srcStep, float* dst, int32_t dstStep, TolkSize roi,
+                                           const float twist[3][4]);
+/** 32f of three channels, in place. */
+TOLK_API TolkStatus tolkColorTwist_32f_C3IR(float* srcDst, int32_t srcDstStep, TolkSize roi, const float twist[3][4]);
+/** 32f of four channels. */
+TOLK_API TolkStatus tolkColorTwist_32f_AC4R(const float* src, int32_t srcStep, float* dst, int32_t dstStep,
+                                            TolkSize roi, const float twist[3][4]);
+/** 32f of four channels, in place. */
+TOLK_API TolkStatus tolkColorTwist_32f_AC4IR(float* srcDst, int32_t srcDstStep, TolkSize roi, const float twist[3][4]);
+/** 32f of three planes. */
+TOLK_API TolkStatus tolkColorTwist_32f_P3R(const float* const src[3], int32_t srcStep, float* const dst[3],
+                                           int32_t dstStep, TolkSize roi, const float twist[3][4]);
+/** 32f of three planes, in place. */
+TOLK_API TolkStatus tolkColorTwist_32f_IP3R(float* const srcDst[3], int32_t srcDstStep, TolkSize roi,
+                                            const float twist[3][4]);
+/** 32f of four channels, all computed. */
+TOLK_API TolkStatus tolkColorTwist_32f_C4R(const float* src, int32_t srcStep, float* dst, int32_t dstStep, TolkSize roi,
+                                           const float twist[4][4]);
+
+/* ==== 12-bit ==== */
+
+/** Samples of 16 bits to and from packed samples of 12 bits, without scaling.
+ *
+ * Two packed samples a and b take three bytes, high bits first: bits 11 to 4 of a; bits 3 to 0 of a, in the high half,
+ * and bits 11 to 8 of b; bits 7 to 0 of b. The last sample of an odd width takes two bytes, the second with a low half
+ * of 0. A packed row so has width / 2 * 3 bytes, and two more if the width is odd. Rows begin at whole bytes.
+ *
+ * Any width, in samples, and height from 1. Steps are bytes on both sides.
+ *
+ * Returns tolkStatusOk; tolkStatusNullPointer for a null src or dst; tolkStatusBadSize for a width or height under 1;
+ * tolkStatusBadStep for a step under 1. Pointers are tested first, then the size, then the steps.
+ */
+/** The low 12 bits of every sample; its high four bits are dropped. */
+TOLK_API TolkStatus tolkPack_16u12u_C1R(const uint16_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                        TolkSize roi);
+/** Results are 0..4095. The low half of the second byte of an odd last sample is not used. */
+TOLK_API TolkStatus tolkUnpack_12u16u_C1R(const uint8_t* src, int32_t srcStep, uint16_t* dst, int32_t dstStep,
+                                          TolkSize roi);
+
 #ifdef __cplusplus
 }
 #endif

@@ -15,6 +15,10 @@ LANE_OP Reg<T, L> operator+(Reg<T, L> a, std::type_identity_t<T> b) {
   return a + Reg<T, L>::splat(b);
 }
 template <std::floating_point T, int L>
+LANE_OP Reg<T, L> operator+(std::type_identity_t<T> a, Reg<T, L> b) {
+  return Reg<T, L>::splat(a) + b;
+}
+template <std::floating_point T, int L>
 LANE_OP Reg<T, L> operator-(Reg<T, L> a, std::type_identity_t<T> b) {
   return a - Reg<T, L>::splat(b);
 }
@@ -144,6 +148,32 @@ LANE_OP F32<L> smaller(float a, F32<L> b) {
 LANE_OP float larger(float a, float b) { return a > b ? a : b; }
 LANE_OP float smaller(float a, float b) { return a < b ? a : b; }
 
+// ---- Moves across the lanes of a register ----
+
+// 32-bit numbers in the order of a register.
+template <class T, int L>
+struct Numbers {
+  alignas(16 * L) T at[4 * L];
+};
+template <class T, int L>
+LANE_OP Reg<T, L> registerOf(const Numbers<T, L>& numbers) {
+  return Reg<T, L>(*reinterpret_cast<const typename Reg<T, L>::Bits*>(numbers.at));
+}
+// Number i of the result is number P.at[i] of a.
+template <const auto& P, class T, int L>
+LANE_OP Reg<T, L> pickNumbers(Reg<T, L> a) {
+  if constexpr (L == 1) {
+    return quads<P.at[0], P.at[1], P.at[2], P.at[3]>(a);
+  } else {
+    return Reg<T, L>(_mm256_permutevar8x32_epi32(a.bits(), registerOf(P).bits()));
+  }
+}
+// a with the last number of b.
+template <class T>
+LANE_OP Reg<T, 2> withLast(Reg<T, 2> a, Reg<T, 2> b) {
+  return Reg<T, 2>(_mm256_blend_epi32(a.bits(), b.bits(), 0x80));
+}
+
 // ---- Integers of 32 bits: what they do not hold becomes INT32_MIN ----
 
 template <int L>
@@ -214,24 +244,14 @@ LANE_OP std::array<float, 2> pairsAt(const float (*pairs)[2], int index) { retur
 
 // ---- Integer samples through a form of floats ----
 
-// A result of which the low bits are stored; other results are limited to the sample's range.
-template <class Number>
-struct LowBits {
-  Number value;
-};
-template <class Number>
-LANE_OP LowBits<Number> lowBits(Number value) {
-  return {value};
-}
-
 // Sixteen-bit numbers of either sign, as floats of the lower and the upper half of each lane.
 template <int L>
 LANE_OP F32<L> lowHalf(I16<L> a) {
-  return asFloat(shiftRight(as<int32_t>(interleaveLow<2>(a, a)), 16));
+  return asFloat(widenLow(a));
 }
 template <int L>
 LANE_OP F32<L> highHalf(I16<L> a) {
-  return asFloat(shiftRight(as<int32_t>(interleaveHigh<2>(a, a)), 16));
+  return asFloat(widenHigh(a));
 }
 template <int L>
 LANE_OP F32<L> lowHalf(U16<L> a) {
@@ -240,6 +260,21 @@ LANE_OP F32<L> lowHalf(U16<L> a) {
 template <int L>
 LANE_OP F32<L> highHalf(U16<L> a) {
   return asFloat(as<int32_t>(interleaveHigh<2>(a, U16<L>::splat(0))));
+}
+
+// The same, by number; bytes have four parts of a lane.
+template <int K, int L>
+LANE_OP F32<L> floatPart(U8<L> a) {
+  static constexpr Places kBytes = [] {
+    Places places{};
+    for (int b = 0; b < 16; ++b) places.at[b] = static_cast<int8_t>(b % 4 == 0 ? 4 * K + b / 4 : -1);
+    return places;
+  }();
+  return asFloat(as<int32_t>(pick(a, everyLane<L>(kBytes))));
+}
+template <int K, class T, int L>
+LANE_OP F32<L> floatPart(Reg<T, L> a) {
+  return K == 0 ? lowHalf(a) : highHalf(a);
 }
 
 namespace detail {
@@ -257,19 +292,17 @@ template <class Sample, int L>
 LANE_OP auto narrowResult(I32<L> low, I32<L> high) {
   if constexpr (sizeof(Sample) == 1) {
     return ByteResult<L>{narrow(low, high)};
-  } else if constexpr (std::is_same_v<Sample, uint16_t> && L == 2) {
-    return U16<L>(_mm256_packus_epi32(low.bits(), high.bits()));
-  } else {  // of unsigned samples, only the signed pack is there
-    const I32<L> bias = I32<L>::splat(32768);
-    const auto words = narrow(low - bias, high - bias);
-    return as<Sample>(kBias<Sample> ? words : differing(words, I16<L>::splat(-32768)));
+  } else if constexpr (std::is_same_v<Sample, uint16_t>) {
+    return narrowUnsigned(low, high);
+  } else {
+    const I32<L> bias = I32<L>::splat(kBias<Sample>);
+    return narrow(low - bias, high - bias);
   }
 }
 template <class Sample, int L>
 LANE_OP auto narrowResult(LowBits<I32<L>> low, LowBits<I32<L>> high) {
   static_assert(sizeof(Sample) == 2);
-  auto word = [](auto a) __attribute__((always_inline)) { return shiftRight(shiftLeft(a, 16), 16); };
-  return as<Sample>(biased<Sample>(narrow(word(low.value), word(high.value))));
+  return as<Sample>(biased<Sample>(narrow(low, high)));
 }
 
 template <class Sample>

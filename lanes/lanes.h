@@ -85,6 +85,15 @@ using F32 = Reg<float, L>;
 template <int L>
 using F64 = Reg<double, L>;
 
+// Samples that are twice as wide as those of the register they belong with: of the lower half of each lane, of the
+// upper.
+template <class T, int L>
+struct Halves {
+  Reg<T, L> low, high;
+};
+template <class T, int L>
+Halves(Reg<T, L>, Reg<T, L>) -> Halves<T, L>;
+
 template <class To, class T, int L>
 LANE_OP Reg<To, L> as(Reg<T, L> a) {
   return Reg<To, L>(a.bits());
@@ -161,7 +170,11 @@ template <int L>
 LANE_OP U16<L> mulHigh(U16<L> a, U16<L> b) {
   BY_WIDTH(uint16_t, mulhi_epu16, a.bits(), b.bits())
 }
-// Limited to 65535.
+// Limited to the most that the sample holds.
+template <int L>
+LANE_OP U8<L> addLimited(U8<L> a, U8<L> b) {
+  BY_WIDTH(uint8_t, adds_epu8, a.bits(), b.bits())
+}
 template <int L>
 LANE_OP U16<L> addLimited(U16<L> a, U16<L> b) {
   BY_WIDTH(uint16_t, adds_epu16, a.bits(), b.bits())
@@ -216,10 +229,14 @@ template <int L>
 LANE_OP U8<L> average(U8<L> a, U8<L> b) {
   BY_WIDTH(uint8_t, avg_epu8, a.bits(), b.bits())
 }
-// (a + b) >> 1.
 template <int L>
-LANE_OP U8<L> mean(U8<L> a, U8<L> b) {
-  return average(a, b) - (differing(a, b) & U8<L>::splat(1));
+LANE_OP U16<L> average(U16<L> a, U16<L> b) {
+  BY_WIDTH(uint16_t, avg_epu16, a.bits(), b.bits())
+}
+// (a + b) >> 1.
+template <std::unsigned_integral T, int L>
+LANE_OP Reg<T, L> mean(Reg<T, L> a, Reg<T, L> b) {
+  return average(a, b) - (differing(a, b) & Reg<T, L>::splat(1));
 }
 // Byte i of the result is byte places[i] of a, within each lane; 0 where the place is negative.
 template <class T, int L>
@@ -259,6 +276,14 @@ template <int L>
 LANE_OP I16<L> widenHigh(U8<L> a) {
   return as<int16_t>(interleaveHigh<1>(a, U8<L>::splat(0)));
 }
+template <int L>
+LANE_OP I32<L> widenLow(I16<L> a) {
+  return shiftRight(as<int32_t>(interleaveLow<2>(a, a)), 16);
+}
+template <int L>
+LANE_OP I32<L> widenHigh(I16<L> a) {
+  return shiftRight(as<int32_t>(interleaveHigh<2>(a, a)), 16);
+}
 
 // The samples that are equal, as a mask.
 template <int L>
@@ -270,17 +295,19 @@ LANE_OP Reg<T, L> exceptWhere(Reg<M, L> mask, Reg<T, L> a) {
   return a & as<T>(U8<L>::of(~as<uint8_t>(mask).v));
 }
 
-// The same 16 byte places in every lane.
-struct Places {
-  alignas(16) int8_t at[16];
+// The same 16 bytes in every lane.
+template <class T>
+struct Lane {
+  alignas(16) T at[16 / sizeof(T)];
 };
-template <int L>
-LANE_OP Reg<int8_t, L> everyLane(const Places& places) {
-  const __m128i lane = _mm_load_si128(reinterpret_cast<const __m128i*>(places.at));
+using Places = Lane<int8_t>;
+template <int L, class T>
+LANE_OP Reg<T, L> everyLane(const Lane<T>& numbers) {
+  const __m128i lane = _mm_load_si128(reinterpret_cast<const __m128i*>(numbers.at));
   if constexpr (L == 1) {
-    return Reg<int8_t, 1>(lane);
+    return Reg<T, 1>(lane);
   } else {
-    return Reg<int8_t, 2>(_mm256_broadcastsi128_si256(lane));
+    return Reg<T, 2>(_mm256_broadcastsi128_si256(lane));
   }
 }
 
@@ -292,6 +319,13 @@ LANE_OP Reg<T, L> choose(Reg<M, L> mask, Reg<T, L> a, Reg<T, L> b) {
   } else {
     return Reg<T, L>(_mm256_blendv_epi8(b.bits(), a.bits(), mask.bits()));
   }
+}
+
+// Word i of each lane from a where bit i is set, else from b.
+template <int Words, class T, int L>
+LANE_OP Reg<T, L> chooseWords(Reg<T, L> a, Reg<T, L> b) {
+  static_assert(L > 1);
+  return Reg<T, L>(_mm256_blend_epi16(b.bits(), a.bits(), Words));
 }
 
 // Every number moves up by one place; the last one of `before` comes first.
@@ -334,6 +368,11 @@ LANE_OP Reg<T, L> quadsOf(Reg<T, L> a, Reg<T, L> b) {
     return as<T>(F32<2>::of(_mm256_shuffle_ps(low, high, kGroups)));
   }
 }
+// The 32-bit groups I, J, K and M of each lane.
+template <int I, int J, int K, int M, class T, int L>
+LANE_OP Reg<T, L> quads(Reg<T, L> a) {
+  BY_WIDTH(T, shuffle_epi32, a.bits(), (I | J << 2 | K << 4 | M << 6))
+}
 template <int L>
 LANE_OP U8<L> evenQuads(U8<L> a, U8<L> b) {
   return quadsOf<0, 2, 0, 2>(a, b);
@@ -341,6 +380,24 @@ LANE_OP U8<L> evenQuads(U8<L> a, U8<L> b) {
 template <int L>
 LANE_OP U8<L> oddQuads(U8<L> a, U8<L> b) {
   return quadsOf<1, 3, 1, 3>(a, b);
+}
+
+// Limited to 0..65535; the numbers are at least 32768 above the least of 32 bits.
+template <int L>
+LANE_OP U16<L> narrowUnsigned(I32<L> low, I32<L> high) {
+  if constexpr (L == 1) {  // only the signed pack is there
+    const I32<L> middle = I32<L>::splat(32768);
+    return as<uint16_t>(differing(narrow(low - middle, high - middle), I16<L>::splat(-32768)));
+  } else {
+    return U16<L>(_mm256_packus_epi32(low.bits(), high.bits()));
+  }
+}
+// The lower 16 bits of each number.
+template <int L>
+LANE_OP I16<L> lowWords(I32<L> low, I32<L> high) {
+  static constexpr Places kWords = {{0, 1, 4, 5, 8, 9, 12, 13, -1, -1, -1, -1, -1, -1, -1, -1}};
+  const auto words = everyLane<L>(kWords);
+  return as<int16_t>(interleaveLow<8>(pick(low, words), pick(high, words)));
 }
 
 #undef BY_WIDTH

@@ -29,6 +29,23 @@ LANE_OP void storeLanes(void* p, Reg<T, L> a) {
   }
 }
 
+// The samples in their order: those of lane j's halves from p + 32 j.
+template <class T, int L>
+LANE_OP Halves<T, L> loadHalves(const uint8_t* p) {
+  return {loadLanes<32, T, L>(p), loadLanes<32, T, L>(p + 16)};
+}
+template <class T, int L>
+LANE_OP void storeHalves(uint8_t* p, Halves<T, L> a) {
+  if constexpr (L == 1) {
+    storeLanes<16>(p, a.low);
+    storeLanes<16>(p + 16, a.high);
+  } else {
+    const __m256i low = a.low.bits(), high = a.high.bits();
+    storeLanes<16>(p, Reg<T, 2>(_mm256_permute2x128_si256(low, high, 0x20)));
+    storeLanes<16>(p + 32, Reg<T, 2>(_mm256_permute2x128_si256(low, high, 0x31)));
+  }
+}
+
 namespace detail {
 // Sixteen bytes from kSlide + 16 - n move a lane up by n bytes, those from kSlide + 16 + n move it down.
 alignas(16) inline constexpr int8_t kSlide[48] = {-1, -1, -1, -1, -1, -1, -1, -1, -1, -1, -1, -1, -1, -1, -1, -1,

@@ -39,17 +39,23 @@ struct Weight {  // of a 32-bit sum
   int value;
 };
 
-// ---- Sums, differences and multiples by powers of two in 16 bits ----
+// ---- Sums, differences and multiples by powers of two ----
 
-template <class T, int L>
-requires(sizeof(T) == 2) LANE_OP Reg<T, L>
-operator+(Reg<T, L> a, int b) { return a + Reg<T, L>::splat(static_cast<T>(b)); }
-template <class T, int L>
-requires(sizeof(T) == 2) LANE_OP Reg<T, L>
-operator-(Reg<T, L> a, int b) { return a - Reg<T, L>::splat(static_cast<T>(b)); }
-template <class T, int L>
-requires(sizeof(T) == 2) LANE_OP Reg<T, L>
-operator*(Reg<T, L> a, Pow2 n) { return shiftLeft(a, n.log); }
+template <class T>
+concept LaneNumber = std::integral<T> && sizeof(T) > 1;  // forms have no bytes
+
+template <LaneNumber T, int L>
+LANE_OP Reg<T, L> operator+(Reg<T, L> a, int b) {
+  return a + Reg<T, L>::splat(static_cast<T>(b));
+}
+template <LaneNumber T, int L>
+LANE_OP Reg<T, L> operator-(Reg<T, L> a, int b) {
+  return a - Reg<T, L>::splat(static_cast<T>(b));
+}
+template <LaneNumber T, int L>
+LANE_OP Reg<T, L> operator*(Reg<T, L> a, Pow2 n) {
+  return shiftLeft(a, n.log);
+}
 
 template <class T, int L>
 LANE_OP Reg<T, L> operator-(Reg<T, L> a) {
@@ -225,9 +231,7 @@ constexpr int restOf65536(int w) { return w - 65536 * multipleOf65536(w); }
 
 // Pixels of a 16-bit register as two of 32 bits.
 template <int L>
-struct Wide {
-  I32<L> low, high;
-};
+using Wide = Halves<int32_t, L>;
 template <int L>
 LANE_OP Wide<L> addProducts(Wide<L> sum, I16<L> x, int wx, I16<L> y, int wy) {
   const auto weights = as<int16_t>(I32<L>::splat(static_cast<int>(static_cast<uint32_t>(wy) << 16 | (wx & 0xFFFF))));
@@ -306,6 +310,20 @@ LANE_OP ByteResult<L> asByte(Reg<T, L> a) {
 }
 constexpr int asByte(int a) { return a; }
 constexpr Range asByte(Range a) { return a.require(a.within(0, 255)); }
+
+// A result of which the low bits are stored, where others are limited to the sample's range.
+template <class Number>
+struct LowBits {
+  Number value;
+};
+template <class Number>
+LANE_OP LowBits<Number> lowBits(Number value) {
+  return {value};
+}
+template <int L>
+LANE_OP I16<L> narrow(LowBits<I32<L>> low, LowBits<I32<L>> high) {
+  return lowWords(low.value, high.value);
+}
 
 // Half of a sum, rounded up and down, as of lanes.
 constexpr int average(int u, int v) { return (u + v + 1) >> 1; }

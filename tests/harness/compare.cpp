@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstring>
+#include <iterator>
+#include <limits>
 
 #include "reference/power.h"
 
@@ -80,7 +82,24 @@ static void listDifferences(const Image& got, const Image& want, std::string_vie
 static double alphaFor(const tolk::Function& f, TolkSize roi) {
   const int64_t value = int64_t{roi.width} * 29 + int64_t{roi.height} * 113 + 77;
   if (f.dst.sample == "32f") return static_cast<double>(value) * -0x1p-9;
+  if (f.dst.sample == "16s") return static_cast<int16_t>(value * 2003);
   return static_cast<double>(f.dst.sample == "16u" ? value * 2003 & 0xffff : value & 0xff);
+}
+
+// Sums that differ by their order; what is no number from the start; ties; a usual matrix; sums without bound, that may
+// be no number; denormal numbers; a matrix in the scale of words. The one NaN is that of invalid operations.
+static std::array<float, 16> twistFor(TolkSize roi) {
+  constexpr float kMost = std::numeric_limits<float>::max(), kLeast = std::numeric_limits<float>::denorm_min(),
+                  kInfinite = std::numeric_limits<float>::infinity(), kNan = -std::numeric_limits<float>::quiet_NaN();
+  constexpr std::array<float, 16> kTwists[] = {
+      {1.1e9f, -1.1e9f, 0.7f, 0.9f, 0.7f, 1e9f, -1e9f, 0.9f, 1, 0.7f, 3e7f, -3e9f, -5e8f, 1, 5e8f, 1},
+      {kInfinite, 0, 0, 1, 0, 1, kNan, 0, 0, 0, 1, -kInfinite, -0.0f, -0.0f, -0.0f, kInfinite},
+      {0.5f, 0, 0, 0, 0, 0.5f, 0.5f, 0.5f, 0.25f, -0.5f, 1, -0.5f, 0, 0, 0.5f, -1},
+      {0.393f, 0.769f, 0.189f, 3.7f, 0.349f, 0.686f, 0.168f, -20, 0.272f, 0.534f, 0.131f, 0.3f, -0.1f, 1.3f, 2, 0.7f},
+      {kMost, -kMost, 0, 1, 1, kMost, kMost, -kMost, -kMost, 0.5f, 0.5f, -kMost, kMost, 0, -kMost, kMost},
+      {kLeast, -kLeast, 1e-40f, kLeast, 0.5f, 1e-39f, 1e-41f, 0, 1e-36f, -1e-37f, 1, 1e-39f, 0, 1e-40f, 0, 1},
+      {-1.7f, 0.9f, 1.6f, 300.3f, 0.3f, -0.59f, 0.11f, 32768, 20.1f, -7.7f, -12.3f, 0.1f, 1, -0.9f, 0.8f, -0.7f}};
+  return kTwists[(int64_t{roi.width} + 5 * roi.height) % std::size(kTwists)];
 }
 
 // None, a usual set, sums above 1, negative weights, ones that wrap as 16-bit integers, ones whose sum saturates there,
@@ -113,6 +132,7 @@ tolk::Call Images::call(const Case& c) const {
           .dst = dst.side(),
           .roi = c.roi,
           .alpha = alphaFor(f, c.roi),
+          .twist = twistFor(c.roi),
           .coeffs = coeffsFor(f, c.roi),
           .vMin = vMin,
           .vMax = vMax};

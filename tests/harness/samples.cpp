@@ -61,10 +61,19 @@ std::span<const uint8_t> samplePool(std::string_view sample, Contents contents) 
     static const auto kDoubles = randomFloats<double>();
     return kDoubles;
   }
+  if (contents == Contents::Ones && sample == "32f") {
+    static const auto kNans = oneOf<float>({-std::numeric_limits<float>::quiet_NaN()});
+    return kNans;
+  }
   if (contents != Contents::Extremes) return {};
   if (sample == "16u" || sample == "16s") {
     static const auto kWords = oneOf<uint16_t>({0, 1, 0xff, 0x7fff, 0x8000, 0xffff});
     return kWords;
+  }
+  if (sample == "32s") {
+    static const auto kLongs =
+        oneOf<uint32_t>({0, 1, 0x7fff, 0x8000, 0xffff, 0x10000, 0x7fffffff, 0x80000000, 0xffff8000, 0xffffffff});
+    return kLongs;
   }
   if (sample == "32f") {
     static const auto kFloats = extremeFloats<float>();

@@ -16,7 +16,7 @@ using Pixel = std::array<Sample, 3>;
 template <class Sample>
 using Pixels = std::vector<Pixel<Sample>>;
 using Coeffs = std::optional<std::array<double, 3>>;
-enum class Fourth { Kept, Copied };
+enum class Fourth { Kept, Copied, Alpha };
 
 // One row in the layout of one side. Channels are those of R, G, B, also where B comes first.
 template <class Sample>
@@ -26,7 +26,7 @@ class Row {
       : channels_(static_cast<size_t>(side.layout.back() - '0')),
         width_(width),
         planar_(side.layout.find('P') != std::string_view::npos),
-        reversed_(side.space == "BGR"),
+        reversed_(side.space.ends_with("BGR")),
         samples_(channels_ * width, value) {}
   size_t channels() const { return channels_; }
   size_t colours() const { return std::min<size_t>(channels_, 3); }
@@ -51,38 +51,41 @@ class Row {
 inline bool same(double a, double b) { return a == b ? std::signbit(a) == std::signbit(b) : a != a && b != b; }
 
 // A pixel and the results that are right for it, whose channels beyond those of the destination do not count.
-template <class Sample>
+template <class From, class To = From>
 struct Column {
-  Pixel<Sample> from;
-  Pixels<Sample> accepted;
+  Pixel<From> from;
+  Pixels<To> accepted;
 };
 
-template <class Sample>
-void expectRow(const std::string& name, const std::vector<Column<Sample>>& row, Fourth fourth = Fourth::Kept,
+template <class From, class To>
+void expectRow(const std::string& name, const std::vector<Column<From, To>>& row, Fourth fourth = Fourth::Kept,
                const Coeffs& coeffs = {}) {
   const harness::Subject& subject = harness::subject(name);
-  constexpr Sample kSource{77}, kBefore{99};
+  constexpr From kSource{77};
+  constexpr To kBefore{99}, kAlpha{55}, kFourth[] = {kBefore, static_cast<To>(kSource), kAlpha};
   for (void* function : {subject.tested, subject.expected}) {
-    Row<Sample> src(subject.function->src, row.size(), kSource), dst(subject.function->dst, row.size(), kBefore);
+    Row<From> src(subject.function->src, row.size(), kSource);
+    Row<To> dst(subject.function->dst, row.size(), kBefore);
     for (size_t x = 0; x < row.size(); ++x)
       for (size_t c = 0; c < src.colours(); ++c) src.at(x, c) = row[x].from[c];
     tolk::Call call;
     call.roi = {static_cast<int32_t>(row.size()), 1};
     call.coeffs = coeffs;
+    call.alpha = kAlpha;
     call.src = src.side();
     call.dst = dst.side();
     ASSERT_EQ(subject.function->invoke(function, call), tolkStatusOk);
     for (size_t x = 0; x < row.size(); ++x) {
-      Pixel<Sample> got{};
+      Pixel<To> got{};
       for (size_t c = 0; c < dst.colours(); ++c) got[c] = dst.at(x, c);
-      const bool right = std::ranges::any_of(row[x].accepted, [&](const Pixel<Sample>& want) {
+      const bool right = std::ranges::any_of(row[x].accepted, [&](const Pixel<To>& want) {
         return std::equal(got.begin(), got.begin() + dst.colours(), want.begin(), same);
       });
       EXPECT_TRUE(right) << name << (function == subject.tested ? "" : " (reference)") << ", column " << x << " of "
                          << row.size() << ": " << testing::PrintToString(row[x].from) << " gives "
                          << testing::PrintToString(got) << ", want " << testing::PrintToString(row[x].accepted);
       if (dst.channels() == 4) {
-        EXPECT_EQ(dst.at(x, 3), fourth == Fourth::Kept ? kBefore : kSource) << name;
+        EXPECT_EQ(dst.at(x, 3), kFourth[static_cast<int>(fourth)]) << name;
       }
     }
   }

@@ -48,6 +48,7 @@ std::vector<Fault> argumentFaults(const tolk::Function& f) {
       faults.push_back({"range " + std::to_string(vMin) + " to " + std::to_string(vMax),
                         [low = vMin, high = vMax](tolk::Call& c) { c.vMin = low, c.vMax = high; }});
   if (harness::takesNullCoeffs(f)) faults.push_back({"coeffs null", [](tolk::Call& c) { c.coeffs.reset(); }, true});
+  if (f.family == "Colour twist") faults.push_back({"twist null", [](tolk::Call& c) { c.twist.reset(); }});
   return faults;
 }
 

@@ -28,6 +28,8 @@ struct Call {
   TolkSize roi{};
   double alpha = 0;      // a double holds the values of every sample type
   uint32_t stripe = 21;  // a whole picture
+  // Rows of a matrix, of which most functions take three; none is a null pointer.
+  std::optional<std::array<float, 16>> twist = {{1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1}};
   // Weights of the caller; none is a null pointer, which one function does not take.
   std::optional<std::array<double, 3>> coeffs = {{0.299, 0.587, 0.114}};
   float vMin = 0, vMax = 1;            // the range of values that a curve is laid over

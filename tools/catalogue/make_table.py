@@ -31,7 +31,9 @@ def comment_text(comment):
 
 def spaces(operation):
     match = SPACES.match(operation)
-    if not match or operation in ("ColorTwist",):
+    if operation.startswith("ColorTwist"):
+        return "Color", "Color"
+    if not match:
         return operation, operation
     source, target = match.groups()
     if SUBSAMPLING.fullmatch(target):  # YCbCr422To420: the target keeps the source's colour space
@@ -62,6 +64,8 @@ def argument(kind, name, element_steps):
         return "wideSize(c)"
     if name == "coeffs[3]":
         return f"Weights<{kind.replace('const ', '')}>(c.coeffs)"
+    if name.startswith("twist["):
+        return "Matrix(c.twist)"
     return f"static_cast<{kind}>(c.{name})"
 
 
@@ -70,7 +74,7 @@ def parameters(text):
         return []
     result = []
     for parameter in text.split(","):
-        match = re.fullmatch(r"\s*(.*?)\s*(\w+(?:\[\d\])?)\s*", parameter, re.S)
+        match = re.fullmatch(r"\s*(.*?)\s*(\w+(?:\[\d\])*)\s*", parameter, re.S)
         result.append((re.sub(r"\s+", " ", match.group(1)), match.group(2)))
     return result
 

@@ -41,4 +41,16 @@ struct Weights {
   bool missing;
 };
 
+// A missing matrix is a null pointer.
+struct Matrix {
+  using Row = const float[4];
+  explicit Matrix(const std::optional<std::array<float, 16>>& twist) : missing(!twist) {
+    for (size_t i = 0; i < 16 && twist; ++i) value[i / 4][i % 4] = (*twist)[i];
+  }
+  operator Row*() const { return missing ? nullptr : value; }
+
+  float value[4][4]{};
+  bool missing;
+};
+
 }  // namespace tolk
