@@ -7,6 +7,10 @@ set(TOLK_SOURCES
     chroma/layouts_422.cpp
     chroma/resampling.cpp
     chroma/stripes.cpp
+    depth/one_bit.cpp
+    depth/reduce_bits.cpp
+    depth/tone_map.cpp
+    frame/cache_size.cpp
     frame/version.cpp
     lumachroma/decoders_420.cpp
     lumachroma/decoders_422.cpp

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "frame/cache_size.h"
 #include "lanes/memory.h"
 #include "tolkcolor.h"
 
@@ -57,6 +58,37 @@ inline void copyPlane(Plane<const uint8_t> from, Plane<uint8_t> to, ptrdiff_t wi
     height = 1;
   }
   for (ptrdiff_t y = 0; y < height; ++y) std::memcpy(to.row(y), from.row(y), static_cast<size_t>(width));
+}
+
+namespace detail {
+inline void streamBytes(uint8_t* to, uint8_t value, ptrdiff_t bytes) {
+  const ptrdiff_t ahead = std::min(bytes, static_cast<ptrdiff_t>(-reinterpret_cast<uintptr_t>(to) & 15));
+  std::memset(to, value, static_cast<size_t>(ahead));
+  ptrdiff_t i = ahead;
+  for (; i + 16 <= bytes; i += 16) storeBytes<16>(to + i, U8<1>::splat(value), Streamed{});
+  std::memset(to + i, value, static_cast<size_t>(bytes - i));
+}
+}  // namespace detail
+
+// Smaller fills than this stay in the caches, without asking how large they are.
+inline constexpr ptrdiff_t kAskedFill = 0x80001;
+
+// Rows of one value, past the caches where these cannot hold them; as one run where they stand without slack.
+inline void fillPlane(Plane<uint8_t> to, ptrdiff_t width, ptrdiff_t height, uint8_t value) {
+  const ptrdiff_t bytes = width * height;
+  const bool stream = bytes >= kAskedFill && bytes >= largestCacheSize();
+  if (to.step == width) {
+    width = bytes;
+    height = 1;
+  }
+  for (ptrdiff_t y = 0; y < height; ++y) {
+    if (stream) {
+      detail::streamBytes(to.row(y), value, width);
+    } else {
+      std::memset(to.row(y), value, static_cast<size_t>(width));
+    }
+  }
+  if (stream) storeFence();
 }
 
 }  // namespace tolk

@@ -2249,6 +2249,275 @@ TOLK_API TolkStatus tolkPack_16u12u_C1R(const uint16_t* src, int32_t srcStep, ui
 TOLK_API TolkStatus tolkUnpack_12u16u_C1R(const uint8_t* src, int32_t srcStep, uint16_t* dst, int32_t dstStep,
                                           TolkSize roi);
 
+/* ==== Bit reduction ==== */
+
+/** How tolkReduceBits chooses between the two levels next to a sample. */
+typedef enum TolkDitherType {
+  tolkDitherNone = 0,              /**< the nearest level */
+  tolkDitherFloydSteinberg = 1,    /**< error diffusion over two rows */
+  tolkDitherJarvisJudiceNinke = 2, /**< error diffusion over three rows */
+  tolkDitherStucki = 3,            /**< error diffusion over three rows */
+  tolkDitherBayer = 4              /**< ordered, by a matrix of 4 by 4 */
+} TolkDitherType;
+
+/** The bytes of scratch memory that tolkReduceBits takes for rows of `width` pixels, the first fitting one of:
+ *
+ * - 0 for ditherType 0, and for ditherType 4 without noise
+ * - 8 * width + 16 for ditherType 1, 12 * width + 48 for 2 and 3, 0 for 4; plus 6272 where noise is not 0; plus 64, so
+ *   that the memory may start anywhere
+ *
+ * Of a number beyond 32 bits the low 32 are given. channelCode is 1, 3 or 4, or 9 for AC4, and does not matter to the
+ * size. width is tested as a signed number.
+ *
+ * Returns tolkStatusOk; tolkStatusNullPointer for a null size; tolkStatusBadSize for a width under 1;
+ * tolkStatusBadChannelType for another channelCode; tolkStatusBadNoise for a noise above 100; tolkStatusBadDitherType
+ * for a ditherType above 4. The tests run in this order.
+ */
+TOLK_API TolkStatus tolkReduceBitsGetBufferSize(uint32_t channelCode, uint32_t width, uint32_t noise,
+                                                uint32_t ditherType, uint32_t* size);
+
+/** Fewer levels, with or without dithering. Results keep the full range of their type: four levels of 8u are 0, 85, 170
+ * and 255. Every channel is treated alike; the fourth channel of an AC4 source is not used, that of the destination is
+ * left as it was.
+ *
+ * ditherType is a TolkDitherType; noise, 0 to 100, is the percentage by which the thresholds of dithering are jittered
+ * and does not count for ditherType 0; levels is 2 to 256 in 8u and to 8u, otherwise 2 to 65536. buffer is scratch
+ * memory of the size that tolkReduceBitsGetBufferSize gives, not read before it is written; two calls at a time must
+ * not share it. No other state is kept: the same arguments always give the same results.
+ *
+ * All is calculated in single precision, each operation rounded on its own, and constants are the single-precision
+ * numbers nearest the decimals given, unless said otherwise. cut() rounds toward zero. k is levels - 1, and v is the
+ * sample, in 16s the sample + 32768. Of a result too large for its type the low bits are stored. x counts the pixels of
+ * a row and y the rows, from 0.
+ *
+ * - 8u: v is 0..255, q = (65280 / k) * 0.00390625, inv = k * 0.003921569, store(r) = cut(r)
+ * - 16u, 16s: v is 0..65535, q = 65535 / k, inv = k * 1.5259022e-5; store(r) = cut(r), in 16s less 32768
+ * - 16u to 8u: as 16u, store(r) = cut(r) / 256, rounded down; 16s to 8u: as 16s, store(r) = cut(r + 0.5) / 256, rounded
+ *   down
+ * - 32f: v is 0..1, q = 1 / k, inv = k; store(r) = cut(r * 65535 + 0.5), in 16s less 32768, or cut(r * 255 + 0.5) in 8u
+ *
+ * A sample that is not a number gives the smallest result of the type. Otherwise:
+ *
+ * ditherType 0: t = v * 0.003921569 in 8u, v * 1.5259022e-5 in 16u and 16s, v in 32f. b = cut(t * k) * (1 / k), to
+ * which 1 / k is added if t - b is above (1 / k) * 0.5. The result is cut(b * 255) to 8u, cut(b * 65535) to 16u and
+ * 16s, limited to 0..255 or 0..65535, in 16s less 32768. The top level may come out one below the largest value.
+ *
+ * ditherType 1 to 4: a value w of at least 255 (8u), 65535 (16u, 16s) or 1.0 (32f) gives the largest result of the
+ * type, one below 0, in 32f below 1.1920929e-7, the smallest. For any other, b = cut(w * inv) * q, and r = b + q if
+ * w - b is above the threshold, r = b if it is not; the result is store(r).
+ *
+ * - 4: w = v; the threshold is m * q, where m is the entry of column x & 3 and row y & 3 of this matrix, divided by 15:
+ *       0  8  2 10
+ *      12  4 14  6
+ *       3 11  1  9
+ *      15  7 13  5
+ * - 1 to 3: the threshold is 0.5 * q, and w = v + sum * f. The sum is of the errors of pixels that came before, each
+ *   times its weight, the products added one by one in this order: row y - 2 at x - 2 .. x + 2, row y - 1 at
+ *   x - 2 .. x + 2, row y at x - 2, x - 1
+ *   - 1, f = 0.0625: weights none; 0 1 5 3 0; 0 7
+ *   - 2, f = 0.020833334: weights 1 3 5 3 1; 3 5 7 5 3; 5 7
+ *   - 3, f = 0.023809524: weights 1 2 4 2 1; 2 4 8 4 2; 4 8
+ *
+ * The error of a pixel is w - r, but 0 where the largest or the smallest result was given without a level, and 0 left
+ * and right of the row. Rows run from left to right. Channels follow one another, each as an image of its own, but
+ * errors carry on: the rows above the first row of a channel are the last rows of the channel before. Above the first
+ * channel errors are 0.
+ *
+ * Noise: with j = (P[x & 1023] + 2 * y + x) & 1023 the threshold is T[j] for ditherType 1 to 3, (m + T[j]) * q for 4. P
+ * and T are drawn by two generators, each started anew at every call; P has 1024 numbers between the bounds 0 and 1024,
+ * rounded to the nearest integer, ties to even, and T has 1024 of single precision. The bounds of T, themselves of
+ * single precision, are (50 - noise) * u and (50 + noise) * u for ditherType 1 to 3, with u = 3.90625e-5 * (65280 / k)
+ * in 8u and 0.01 * q otherwise; -noise * 0.01 and noise * 0.01 for 4.
+ *
+ * Generator: 32-bit words, all modulo 2^32, at first a = 1131199209, b = 0, c = 1013904243, d = 924302730, carry = -1.
+ * For a number t = c - d + carry, as a signed number; carry = -1 if t is negative, else 0; d = c, c = b, b = t, less 18
+ * if t is negative; a = a * 69069 + 1013904243. The number is (b + a, as a signed number) * scale + mid in double
+ * precision, where scale = (high - low) * 2.3283064365386963e-10 and mid = (low + high) * 0.5.
+ *
+ * Any width and height from 1. Steps are not tested.
+ *
+ * Returns tolkStatusOk; tolkStatusNullPointer for a null src or dst; tolkStatusBadSize for a width or height under 1;
+ * tolkStatusBadNoise for a noise above 100; tolkStatusBadLevels; tolkStatusBadDitherType for a ditherType above 4;
+ * tolkStatusNullPointer for a null buffer where ditherType is 1 to 3, or 4 with noise. The tests run in this order.
+ */
+/** 8u, one channel. */
+TOLK_API TolkStatus tolkReduceBits_8u_C1R(const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                          TolkSize roi, uint32_t noise, uint32_t ditherType, int32_t levels,
+                                          uint8_t* buffer);
+/** 8u, three channels. */
+TOLK_API TolkStatus tolkReduceBits_8u_C3R(const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                          TolkSize roi, uint32_t noise, uint32_t ditherType, int32_t levels,
+                                          uint8_t* buffer);
+/** 8u, four channels. */
+TOLK_API TolkStatus tolkReduceBits_8u_C4R(const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                          TolkSize roi, uint32_t noise, uint32_t ditherType, int32_t levels,
+                                          uint8_t* buffer);
+/** 8u, three channels of four. */
+TOLK_API TolkStatus tolkReduceBits_8u_AC4R(const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                           TolkSize roi, uint32_t noise, uint32_t ditherType, int32_t levels,
+                                           uint8_t* buffer);
+/** 16u, one channel. */
+TOLK_API TolkStatus tolkReduceBits_16u_C1R(const uint16_t* src, int32_t srcStep, uint16_t* dst, int32_t dstStep,
+                                           TolkSize roi, uint32_t noise, uint32_t ditherType, int32_t levels,
+                                           uint8_t* buffer);
+/** 16u, three channels. */
+TOLK_API TolkStatus tolkReduceBits_16u_C3R(const uint16_t* src, int32_t srcStep, uint16_t* dst, int32_t dstStep,
+                                           TolkSize roi, uint32_t noise, uint32_t ditherType, int32_t levels,
+                                           uint8_t* buffer);
+/** 16u, four channels. */
+TOLK_API TolkStatus tolkReduceBits_16u_C4R(const uint16_t* src, int32_t srcStep, uint16_t* dst, int32_t dstStep,
+                                           TolkSize roi, uint32_t noise, uint32_t ditherType, int32_t levels,
+                                           uint8_t* buffer);
+/** 16u, three channels of four. */
+TOLK_API TolkStatus tolkReduceBits_16u_AC4R(const uint16_t* src, int32_t srcStep, uint16_t* dst, int32_t dstStep,
+                                            TolkSize roi, uint32_t noise, uint32_t ditherType, int32_t levels,
+                                            uint8_t* buffer);
+/** 16s, one channel. */
+TOLK_API TolkStatus tolkReduceBits_16s_C1R(const int16_t* src, int32_t srcStep, int16_t* dst, int32_t dstStep,
+                                           TolkSize roi, uint32_t noise, uint32_t ditherType, int32_t levels,
+                                           uint8_t* buffer);
+/** 16s, three channels. */
+TOLK_API TolkStatus tolkReduceBits_16s_C3R(const int16_t* src, int32_t srcStep, int16_t* dst, int32_t dstStep,
+                                           TolkSize roi, uint32_t noise, uint32_t ditherType, int32_t levels,
+                                           uint8_t* buffer);
+/** 16s, four channels. */
+TOLK_API TolkStatus tolkReduceBits_16s_C4R(const int16_t* src, int32_t srcStep, int16_t* dst, int32_t dstStep,
+                                           TolkSize roi, uint32_t noise, uint32_t ditherType, int32_t levels,
+                                           uint8_t* buffer);
+/** 16s, three channels of four. */
+TOLK_API TolkStatus tolkReduceBits_16s_AC4R(const int16_t* src, int32_t srcStep, int16_t* dst, int32_t dstStep,
+                                            TolkSize roi, uint32_t noise, uint32_t ditherType, int32_t levels,
+                                            uint8_t* buffer);
+/** 16u to 8u, one channel. */
+TOLK_API TolkStatus tolkReduceBits_16u8u_C1R(const uint16_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                             TolkSize roi, uint32_t noise, uint32_t ditherType, int32_t levels,
+                                             uint8_t* buffer);
+/** 16u to 8u, three channels. */
+TOLK_API TolkStatus tolkReduceBits_16u8u_C3R(const uint16_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                             TolkSize roi, uint32_t noise, uint32_t ditherType, int32_t levels,
+                                             uint8_t* buffer);
+/** 16u to 8u, four channels. */
+TOLK_API TolkStatus tolkReduceBits_16u8u_C4R(const uint16_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                             TolkSize roi, uint32_t noise, uint32_t ditherType, int32_t levels,
+                                             uint8_t* buffer);
+/** 16u to 8u, three channels of four. */
+TOLK_API TolkStatus tolkReduceBits_16u8u_AC4R(const uint16_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                              TolkSize roi, uint32_t noise, uint32_t ditherType, int32_t levels,
+                                              uint8_t* buffer);
+/** 16s to 8u, one channel. */
+TOLK_API TolkStatus tolkReduceBits_16s8u_C1R(const int16_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                             TolkSize roi, uint32_t noise, uint32_t ditherType, int32_t levels,
+                                             uint8_t* buffer);
+/** 16s to 8u, three channels. */
+TOLK_API TolkStatus tolkReduceBits_16s8u_C3R(const int16_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                             TolkSize roi, uint32_t noise, uint32_t ditherType, int32_t levels,
+                                             uint8_t* buffer);
+/** 16s to 8u, four channels. */
+TOLK_API TolkStatus tolkReduceBits_16s8u_C4R(const int16_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                             TolkSize roi, uint32_t noise, uint32_t ditherType, int32_t levels,
+                                             uint8_t* buffer);
+/** 16s to 8u, three channels of four. */
+TOLK_API TolkStatus tolkReduceBits_16s8u_AC4R(const int16_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                              TolkSize roi, uint32_t noise, uint32_t ditherType, int32_t levels,
+                                              uint8_t* buffer);
+/** 32f to 16s, one channel. */
+TOLK_API TolkStatus tolkReduceBits_32f16s_C1R(const float* src, int32_t srcStep, int16_t* dst, int32_t dstStep,
+                                              TolkSize roi, uint32_t noise, uint32_t ditherType, int32_t levels,
+                                              uint8_t* buffer);
+/** 32f to 16s, three channels. */
+TOLK_API TolkStatus tolkReduceBits_32f16s_C3R(const float* src, int32_t srcStep, int16_t* dst, int32_t dstStep,
+                                              TolkSize roi, uint32_t noise, uint32_t ditherType, int32_t levels,
+                                              uint8_t* buffer);
+/** 32f to 16s, four channels. */
+TOLK_API TolkStatus tolkReduceBits_32f16s_C4R(const float* src, int32_t srcStep, int16_t* dst, int32_t dstStep,
+                                              TolkSize roi, uint32_t noise, uint32_t ditherType, int32_t levels,
+                                              uint8_t* buffer);
+/** 32f to 16s, three channels of four. */
+TOLK_API TolkStatus tolkReduceBits_32f16s_AC4R(const float* src, int32_t srcStep, int16_t* dst, int32_t dstStep,
+                                               TolkSize roi, uint32_t noise, uint32_t ditherType, int32_t levels,
+                                               uint8_t* buffer);
+/** 32f to 16u, one channel. */
+TOLK_API TolkStatus tolkReduceBits_32f16u_C1R(const float* src, int32_t srcStep, uint16_t* dst, int32_t dstStep,
+                                              TolkSize roi, uint32_t noise, uint32_t ditherType, int32_t levels,
+                                              uint8_t* buffer);
+/** 32f to 16u, three channels. */
+TOLK_API TolkStatus tolkReduceBits_32f16u_C3R(const float* src, int32_t srcStep, uint16_t* dst, int32_t dstStep,
+                                              TolkSize roi, uint32_t noise, uint32_t ditherType, int32_t levels,
+                                              uint8_t* buffer);
+/** 32f to 16u, four channels. */
+TOLK_API TolkStatus tolkReduceBits_32f16u_C4R(const float* src, int32_t srcStep, uint16_t* dst, int32_t dstStep,
+                                              TolkSize roi, uint32_t noise, uint32_t ditherType, int32_t levels,
+                                              uint8_t* buffer);
+/** 32f to 16u, three channels of four. */
+TOLK_API TolkStatus tolkReduceBits_32f16u_AC4R(const float* src, int32_t srcStep, uint16_t* dst, int32_t dstStep,
+                                               TolkSize roi, uint32_t noise, uint32_t ditherType, int32_t levels,
+                                               uint8_t* buffer);
+/** 32f to 8u, one channel. */
+TOLK_API TolkStatus tolkReduceBits_32f8u_C1R(const float* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                             TolkSize roi, uint32_t noise, uint32_t ditherType, int32_t levels,
+                                             uint8_t* buffer);
+/** 32f to 8u, three channels. */
+TOLK_API TolkStatus tolkReduceBits_32f8u_C3R(const float* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                             TolkSize roi, uint32_t noise, uint32_t ditherType, int32_t levels,
+                                             uint8_t* buffer);
+/** 32f to 8u, four channels. */
+TOLK_API TolkStatus tolkReduceBits_32f8u_C4R(const float* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                             TolkSize roi, uint32_t noise, uint32_t ditherType, int32_t levels,
+                                             uint8_t* buffer);
+/** 32f to 8u, three channels of four. */
+TOLK_API TolkStatus tolkReduceBits_32f8u_AC4R(const float* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                              TolkSize roi, uint32_t noise, uint32_t ditherType, int32_t levels,
+                                              uint8_t* buffer);
+/** 8u to one bit a pixel, in integers; the high bit of a byte comes first. Pixel 0 of a row is bit
+ * 7 - (dstBitOffset & 7) of the byte at dstBitOffset / 8; the bits before and behind the row's pixels are left as they
+ * were. ditherType 0: the bit is 1 if the sample is above threshold. ditherType 3: s is the sum of the errors times the
+ * weights above, t = sample * 8192 + 23 * s, the bit is 1 if t is above threshold * 8192, and the error is t / 1024,
+ * rounded toward minus infinity, less 2047 where the bit is 1. buffer has the size for ditherType 3 without noise; it
+ * is not used for ditherType 0. unused1 and unused2 are not read. Returns tolkStatusOk; tolkStatusNullPointer for a
+ * null src or dst; tolkStatusBadSize for a width or height under 1 or a negative dstBitOffset; tolkStatusNullPointer
+ * for a null buffer where ditherType is 3; tolkStatusBadDitherType for a ditherType other than 0 or 3. The tests run in
+ * this order. */
+TOLK_API TolkStatus tolkReduceBits_8u1u_C1R(const uint8_t* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                            int32_t dstBitOffset, TolkSize roi, uint32_t unused1, uint32_t unused2,
+                                            uint32_t ditherType, uint8_t threshold, uint8_t* buffer);
+
+/* ==== Tone mapping ==== */
+
+/** High-range images of one channel to bytes, by one factor for the whole image. Each image is read twice.
+ *
+ * Row y of the source begins at src + (y * srcStep) / 4 floats: the product is a signed 32-bit number that wraps
+ * around, and the division rounds toward minus infinity.
+ *
+ * A statistic of the image, the largest sample or the mean, decides: below 0 nothing is written and
+ * tolkStatusNotProcessed is returned. Next to 0, or not a number, every byte of the destination's region is set to 0.
+ * Otherwise the samples are mapped. Arithmetic is single precision, each operation rounded on its own, unless said
+ * otherwise; cut() rounds toward zero.
+ *
+ * The bytes of 0: a region of more than 0x80000 bytes may bypass the caches. It does if it is as large as the largest
+ * cache. Where the process has a function TolkStatus tolkGetMaxCacheSizeB(int32_t* bytes), that is asked for the size,
+ * and if it fails the caches are not bypassed; otherwise the system is asked. The bytes are the same either way.
+ *
+ * Any width and height from 1. Steps are not tested.
+ *
+ * Returns tolkStatusOk; the warning tolkStatusNotProcessed; tolkStatusNullPointer for a null src or dst;
+ * tolkStatusBadSize for a width or height under 1. Pointers are tested first, then the size.
+ */
+/** The largest sample to 255: M is the largest of -3.4028235e38 and all samples that are numbers; if it is not above
+ * 1.1754944e-38 it is next to 0. With r = 1 / M a result is cut((x * 255) * r), of which the low 8 bits are stored:
+ * there are no limits, -1 is 255, and 256, should rounding reach it, is 0. A product that is not a number gives 0. */
+TOLK_API TolkStatus tolkToneMapLinear_32f8u_C1R(const float* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                                TolkSize roi);
+/** The mean to 127.5: m = S / (width * height) in double precision, the product a signed 32-bit number. The statistic
+ * is m + m; if it is not above 1.1754943508222875e-38 it is next to 0. With f = 127.5 / m, divided in double precision
+ * and rounded to single, a result is cut(x * f), limited to 0..255. A product that is not a number gives 0.
+ *
+ * S is the sum of the rows' sums from the first on, in double precision, and depends on where rows lie: with
+ * h = (-address & 15) / 4, rounded down, of the row's first sample, sample x is added to partial sum x if x is below h,
+ * otherwise to partial sum (x - h) & 15, in the order of x. The sixteen partial sums begin at 0 and in the end are
+ * folded by halves: the sum of i and i + 8 for i below 8, then of i and i + 4, of i and i + 2, of 0 and 1. */
+TOLK_API TolkStatus tolkToneMapMean_32f8u_C1R(const float* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
+                                              TolkSize roi);
+
 #ifdef __cplusplus
 }
 #endif

@@ -42,6 +42,8 @@ LANE_OP I32<L> truncated(Doubles<L> a) {
   }
 }
 LANE_OP int truncated(double a) { return _mm_cvttsd_si32(_mm_set_sd(a)); }
+// In the caller's rounding mode: to nearest, ties to even, unless it was changed.
+LANE_OP int rounded(double a) { return _mm_cvtsd_si32(_mm_set_sd(a)); }
 
 template <int L>
 LANE_OP Doubles<L> operator+(Doubles<L> a, Doubles<L> b) {

@@ -106,6 +106,44 @@ LANE_OP Number onlyWhere(bool mask, Number a) {
   return mask ? a : Number{0};
 }
 
+// a, with all bits set where the mask is.
+template <int L>
+LANE_OP I32<L> orAllBits(I32<L> a, I32<L> mask) {
+  return a | mask;
+}
+LANE_OP int orAllBits(int a, bool mask) { return mask ? -1 : a; }
+
+template <int L>
+LANE_OP I32<L> operator+(I32<L> a, int b) {
+  return a + I32<L>::splat(b);
+}
+template <int L>
+LANE_OP I32<L> operator-(I32<L> a, int b) {
+  return a - I32<L>::splat(b);
+}
+template <int L>
+LANE_OP I32<L> operator&(I32<L> a, int b) {
+  return a & I32<L>::splat(b);
+}
+
+// Multiples: of integers, by powers of two on lanes.
+template <int N, int L>
+LANE_OP F32<L> times(F32<L> a) {
+  return a * float{N};
+}
+template <int N, int L>
+LANE_OP I32<L> times(I32<L> a) {
+  return shiftLeft(a, Pow2(N).log);
+}
+template <int N>
+LANE_OP auto times(std::same_as<float> auto a) {
+  return a * float{N};
+}
+template <int N>
+LANE_OP int times(int a) {
+  return a * N;
+}
+
 template <int L>
 LANE_OP F32<L> magnitude(F32<L> a) {
   return as<float>(as<int32_t>(a) & I32<L>::splat(INT32_MAX));
@@ -217,6 +255,13 @@ LANE_OP int notNegative(int a) { return std::max(a, 0); }
 template <int L>
 LANE_OP I32<L> flipped(I32<L> mask) {
   return I32<L>::of(~mask.v);
+}
+
+// The low bytes of integers.
+template <int L>
+LANE_OP U8<L> narrowLowBytes(const std::array<I32<L>, 4>& a) {
+  const I32<L> byte = I32<L>::splat(255);
+  return narrow(narrow(a[0] & byte, a[1] & byte), narrow(a[2] & byte, a[3] & byte));
 }
 
 // Both numbers of the given pairs.

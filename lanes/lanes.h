@@ -338,6 +338,21 @@ LANE_OP I16<L> shiftIn(I16<L> before, I16<L> now) {
     return I16<2>(_mm256_alignr_epi8(now.bits(), lower, 14));
   }
 }
+// The same of 32-bit samples.
+template <class T, int L>
+requires(sizeof(T) == 4) LANE_OP Reg<T, L> shiftIn(Reg<T, L> before, Reg<T, L> now) {
+  if constexpr (L == 1) {
+    return Reg<T, 1>(_mm_alignr_epi8(now.bits(), before.bits(), 12));
+  } else {
+    const __m256i lower = _mm256_permute2x128_si256(before.bits(), now.bits(), 0x21);
+    return Reg<T, 2>(_mm256_alignr_epi8(now.bits(), lower, 12));
+  }
+}
+// The highest bits of a lane's bytes, those of the first byte highest.
+LANE_OP int topBits(U8<1> a) {
+  static constexpr Places kBackward = {{15, 14, 13, 12, 11, 10, 9, 8, 7, 6, 5, 4, 3, 2, 1, 0}};
+  return _mm_movemask_epi8(pick(a, everyLane<1>(kBackward)).bits());
+}
 // The even and the odd bytes as 16-bit numbers.
 template <int L>
 LANE_OP I16<L> evenBytes(U8<L> a) {

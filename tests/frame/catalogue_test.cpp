@@ -18,6 +18,7 @@ TEST(Catalogue, PlanesOfFiveByThreePixels) {
       {{"YCbCr420", "P2", "8u"}, {{5, 3}, {6, 2}}},
       {{"YCbCr411", "P3", "8u"}, {{5, 3}, {2, 3}, {2, 3}}},
       {{"Pack", "C1", "12u"}, {{8, 3}}},
+      {{"Gray", "C1", "1u"}, {{1, 3}}},
       {{"HLS", "AP4", "8u"}, {{5, 3}, {5, 3}, {5, 3}, {5, 3}}},
   };
   for (const Geometry& geometry : kGeometries) {

@@ -11,6 +11,7 @@
 #include <limits>
 
 #include "reference/power.h"
+#include "reference_declarations.h"
 
 namespace harness {
 
@@ -125,17 +126,53 @@ static std::pair<float, float> rangeFor(TolkSize roi) {
   return kRanges[(int64_t{roi.width} + 5 * roi.height) % std::size(kRanges)];
 }
 
+// The place of a case in the rotation of settings.
+static uint32_t rotation(const Case& c) {
+  return c.variant + static_cast<uint32_t>(7 * c.roi.width + 31 * c.roi.height + 3 * c.src.alignment + c.dst.alignment);
+}
+
+// Every method with every percentage and every number of levels, in 260 steps.
+static void setReduction(const tolk::Function& f, uint32_t n, tolk::Call& call) {
+  constexpr uint32_t kNoises[] = {0, 100, 37, 1};
+  constexpr int32_t kLevels[] = {2, 3, 4, 6, 7, 64, 100, 255, 256, 257, 1000, 65535, 65536};
+  constexpr uint8_t kThresholds[] = {127, 0, 1, 128, 254, 255, 64};
+  const bool bits = f.dst.sample == "1u", bytes = f.src.sample == "8u" || f.dst.sample == "8u";
+  call.noise = bits ? 0 : kNoises[n / 5 % 4];
+  call.ditherType = bits ? n % 2 * tolkDitherStucki : n % 5;
+  call.levels = kLevels[n / 20 % (bytes ? 9 : 13)];
+  call.threshold = kThresholds[n % 7];
+  call.dstBitOffset = bits ? static_cast<int32_t>(n % 19) : 0;
+}
+
 tolk::Call Images::call(const Case& c) const {
   const tolk::Function& f = *c.subject->function;
   const auto [vMin, vMax] = rangeFor(c.roi);
-  return {.src = f.inPlace ? dst.side() : src.side(),
-          .dst = dst.side(),
-          .roi = c.roi,
-          .alpha = alphaFor(f, c.roi),
-          .twist = twistFor(c.roi),
-          .coeffs = coeffsFor(f, c.roi),
-          .vMin = vMin,
-          .vMax = vMax};
+  tolk::Call call{.src = f.inPlace ? dst.side() : src.side(),
+                  .dst = dst.side(),
+                  .roi = c.roi,
+                  .alpha = alphaFor(f, c.roi),
+                  .twist = twistFor(c.roi),
+                  .coeffs = coeffsFor(f, c.roi),
+                  .vMin = vMin,
+                  .vMax = vMax};
+  if (f.has("buffer")) {
+    setReduction(f, rotation(c), call);
+    if (!scratch.planes().empty()) call.buffer = scratch.planes()[0].first;
+  }
+  return call;
+}
+
+// Of the least size, at any address or up to a guard page, and full of numbers that are none.
+void Images::layOutScratch(const Case& c) {
+  const tolk::Call settings = call(c);
+  const auto n = static_cast<int>(rotation(c) % 96);
+  uint32_t size = 0;
+  if (c.subject->function->has("buffer"))
+    reference::tolkReduceBitsGetBufferSize(1, static_cast<uint32_t>(c.roi.width), settings.noise, settings.ditherType,
+                                           &size);
+  scratch.layOut(std::vector<tolk::PlaneShape>(size ? 1 : 0, {size, 1, 1}), StepKind::Shared,
+                 {.rows = Layout::Block, .alignment = n % 3 ? n % 32 : -1});
+  scratch.fill(Contents::Ones, 0);
 }
 
 // The planes of a source. One function reads, of the least image, a second row below its one row of chroma.
@@ -147,6 +184,11 @@ static std::vector<tolk::PlaneShape> sourceShapes(const tolk::Function& f, TolkS
   return shapes;
 }
 
+// The bits that a row of bits begins after belong to its first bytes.
+static std::vector<tolk::PlaneShape> destinationShapes(const tolk::Function& f, const tolk::Call& call) {
+  return planeShapes(f.dst, {call.roi.width + call.dstBitOffset, call.roi.height});
+}
+
 void Rig::prepare(const Case& c) {
   case_ = c;
   ++seed_;
@@ -156,14 +198,17 @@ void Rig::prepare(const Case& c) {
     if (images == &highest_ && !roundsPower(f)) continue;
     const bool inPlace = f.inPlace;
     images->src.layOut(sourceShapes(f, c.roi), sideArguments(f, "src").steps, c.src);
-    images->dst.layOut(planeShapes(f.dst, c.roi), sideArguments(f, inPlace ? "srcDst" : "dst").steps, c.dst);
+    images->dst.layOut(destinationShapes(f, images->call(c)), sideArguments(f, inPlace ? "srcDst" : "dst").steps,
+                       c.dst);
+    images->layOutScratch(c);
     fill(*images);
   }
 }
 
 void Rig::fill(Images& images) const {
   const tolk::Function& f = function();
-  images.src.fill(case_.contents, seed_, f.src.sample);
+  const bool unit = f.family == "Bit reduction" && f.src.sample == "32f" && case_.contents == Contents::Random;
+  images.src.fill(case_.contents, seed_, unit ? "unit" : f.src.sample);
   if (f.inPlace) {
     images.dst.fill(case_.contents, ~seed_, f.dst.sample);
   } else {

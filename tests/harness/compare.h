@@ -12,13 +12,16 @@ struct Case {
   TolkSize roi;
   Layout src, dst;
   Contents contents = Contents::Random;
+  uint32_t variant = 0;  // of bit reduction: turns to other methods, noise and levels
 };
 std::string describe(const Case& c);
 
-// Source and destination of one implementation; in place, the destination alone.
+// Source and destination of one implementation; in place, the destination alone. Functions that need none get no
+// scratch memory.
 struct Images {
-  Image src, dst;
+  Image src, dst, scratch;
   tolk::Call call(const Case& c) const;
+  void layOutScratch(const Case& c);
 };
 
 class Rig {

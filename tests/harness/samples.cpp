@@ -65,6 +65,11 @@ std::span<const uint8_t> samplePool(std::string_view sample, Contents contents) 
     static const auto kNans = oneOf<float>({-std::numeric_limits<float>::quiet_NaN()});
     return kNans;
   }
+  if (contents == Contents::Random && sample == "unit") {
+    static const auto kUnits = pool<float>(
+        [](auto& random) { return static_cast<float>(static_cast<int32_t>(random() >> 32)) * 0x1.4p-32f + 0.5f; });
+    return kUnits;
+  }
   if (contents != Contents::Extremes) return {};
   if (sample == "16u" || sample == "16s") {
     static const auto kWords = oneOf<uint16_t>({0, 1, 0xff, 0x7fff, 0x8000, 0xffff});

@@ -10,7 +10,8 @@ namespace harness {
 // Extremes: the ends of a sample's range at random; of floats also infinity, NaN and denormal numbers.
 enum class Contents { Random, Zeros, Ones, Alternating, Extremes };
 
-// A long run of samples drawn at random; empty where bytes do as well.
+// A long run of samples drawn at random; empty where bytes do as well. "unit" are single-precision numbers from 0 to 1
+// and a little beyond.
 std::span<const uint8_t> samplePool(std::string_view sample, Contents contents);
 std::span<const uint8_t> bytePool();
 

@@ -31,6 +31,19 @@ void addSideFaults(const tolk::Function& f, const std::string& name, tolk::Side 
   }
 }
 
+void addReductionFaults(const tolk::Function& f, std::vector<Fault>& faults) {
+  faults.push_back({"buffer null", [](tolk::Call& c) { c.buffer = nullptr; }, true});
+  for (const uint32_t value : {1u, 2u, 4u, 5u, ~0u})
+    if (value > 4 || f.dst.sample == "1u")
+      faults.push_back({"ditherType " + std::to_string(value), [=](tolk::Call& c) { c.ditherType = value; }});
+  if (f.dst.sample == "1u") faults.push_back({"dstBitOffset -1", [](tolk::Call& c) { c.dstBitOffset = -1; }});
+  for (const uint32_t value : {101u, ~0u})
+    if (f.has("noise")) faults.push_back({"noise " + std::to_string(value), [=](tolk::Call& c) { c.noise = value; }});
+  for (const int32_t value : {1, 0, INT32_MIN, 65537, 257})
+    if (f.has("levels"))
+      faults.push_back({"levels " + std::to_string(value), [=](tolk::Call& c) { c.levels = value; }, value == 257});
+}
+
 std::vector<Fault> argumentFaults(const tolk::Function& f) {
   std::vector<Fault> faults;
   if (!f.inPlace) addSideFaults(f, "src", &tolk::Call::src, faults);
@@ -47,6 +60,7 @@ std::vector<Fault> argumentFaults(const tolk::Function& f) {
     for (const auto& [vMin, vMax] : {std::pair{0.5f, 0.5f}, {0.5f, 0.25f}, {kNan, 1.0f}, {0.0f, kNan}})
       faults.push_back({"range " + std::to_string(vMin) + " to " + std::to_string(vMax),
                         [low = vMin, high = vMax](tolk::Call& c) { c.vMin = low, c.vMax = high; }});
+  if (f.has("buffer")) addReductionFaults(f, faults);
   if (harness::takesNullCoeffs(f)) faults.push_back({"coeffs null", [](tolk::Call& c) { c.coeffs.reset(); }, true});
   if (f.family == "Colour twist") faults.push_back({"twist null", [](tolk::Call& c) { c.twist.reset(); }});
   return faults;
@@ -62,9 +76,9 @@ bool undefinedInReference(const tolk::Function& f, const tolk::Call& call) {
 
 class Checks : public AllFunctions {
  protected:
-  void check(const Fault& first, const Fault& second) {
+  void check(const Fault& first, const Fault& second, uint32_t variant) {
     const harness::Subject& subject = GetParam();
-    const harness::Case valid{&subject, {37, 4}, {}, {}};
+    const harness::Case valid{.subject = &subject, .roi = {37, 4}, .src = {}, .dst = {}, .variant = variant};
     harness::Rig& rig = harness::sharedRig();
     rig.prepare(valid);
     tolk::Call tested = rig.tested.call(valid), expected = rig.expected.call(valid);
@@ -82,10 +96,12 @@ INSTANTIATE_TEST_SUITE_P(All, Checks, testing::ValuesIn(harness::subjects()), fu
 
 TEST_P(Checks, FaultsAloneAndInPairs) {
   const std::vector<Fault> faults = argumentFaults(*GetParam().function);
+  const uint32_t variants = GetParam().function->has("buffer") ? 10 : 1;  // every method, with and without noise
   for (size_t i = 0; i < faults.size(); ++i)
     for (size_t j = i; j < faults.size(); ++j) {
       if (faults[i].maybe && faults[j].maybe) continue;
-      ASSERT_NO_FATAL_FAILURE(check(faults[i], faults[j]));
+      for (uint32_t variant = 0; variant < variants; ++variant)
+        ASSERT_NO_FATAL_FAILURE(check(faults[i], faults[j], variant));
     }
 }
 

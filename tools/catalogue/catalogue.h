@@ -34,6 +34,11 @@ struct Call {
   std::optional<std::array<double, 3>> coeffs = {{0.299, 0.587, 0.114}};
   float vMin = 0, vMax = 1;            // the range of values that a curve is laid over
   std::optional<TolkSizeL> roiL = {};  // the size in the forms of 64 bits, if it is not that of `roi`
+  // Of bit reduction, whose scratch memory is the caller's.
+  uint32_t noise = 0, ditherType = tolkDitherNone;
+  int32_t levels = 2, dstBitOffset = 0;
+  uint8_t threshold = 127;
+  void* buffer = nullptr;
 };
 
 struct SideInfo {

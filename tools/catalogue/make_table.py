@@ -3,7 +3,7 @@
 
 make_table.py HEADER > function_table.inc: the table; the including file defines FUNCTION_SCOPE (empty for the library,
 `name::` for another implementation).
-make_table.py HEADER NAME > declarations.h: the same functions declared in namespace NAME."""
+make_table.py HEADER NAME > declarations.h: all functions but the version query, declared in namespace NAME."""
 import re
 import sys
 
@@ -66,6 +66,8 @@ def argument(kind, name, element_steps):
         return f"Weights<{kind.replace('const ', '')}>(c.coeffs)"
     if name.startswith("twist["):
         return "Matrix(c.twist)"
+    if name.startswith("unused"):
+        return f"static_cast<{kind}>(~0u)"
     return f"static_cast<{kind}>(c.{name})"
 
 
@@ -84,7 +86,7 @@ def main():
     if len(sys.argv) > 2:
         print(f'#pragma once\n#include "tolkcolor.h"\nnamespace {sys.argv[2]} {{')
         for match in DECLARATION.finditer(header):
-            if NAME.match(match.group(2)):
+            if match.group(2) != "tolkGetLibVersion":
                 print(f"{match.group(1)} {match.group(2)}({match.group(3)});")
         print("}")
         return
