@@ -12,10 +12,10 @@ GrayWeights<T> chosen(const T* coeffs, const GrayWeights<T>& otherwise) {
   return coeffs ? GrayWeights<T>{{coeffs[0], coeffs[1], coeffs[2]}} : otherwise;
 }
 
-// The low 16 bits of the weight times 32768, rounded; from 2^40 on it is a multiple of 65536.
+// The low 16 bits of the weight times 32768, rounded and cut; from 2^62 on it is a multiple of 65536.
 uint16_t in15Bits(float weight) {
   const double scaled = static_cast<double>(weight) * 32768.0 + 0.5;
-  const bool fits = scaled > -0x1p40 && scaled < 0x1p40;
+  const bool fits = scaled > -0x1p62 && scaled < 0x1p62;
   return fits ? static_cast<uint16_t>(static_cast<int64_t>(scaled)) : uint16_t{0};
 }
 GrayWeights<uint16_t> chosenIn15Bits(const float* coeffs) {

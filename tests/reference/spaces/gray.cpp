@@ -52,10 +52,10 @@ TolkStatus gray8(int channels, const uint8_t* src, int32_t srcStep, uint8_t* dst
   });
 }
 
-// The low 16 bits of the weight's integer. From 2^40 on a single-precision number is a multiple of 65536.
+// The low 16 bits of the weight's integer. From 2^62 on it is a multiple of 65536.
 Integer q15(float weight) {
   const double scaled = static_cast<double>(weight) * 32768.0 + 0.5;
-  return std::fabs(scaled) < 0x1p40 ? static_cast<Integer>(scaled) & 0xFFFF : 0;
+  return std::fabs(scaled) < 0x1p62 ? static_cast<Integer>(scaled) & 0xFFFF : 0;
 }
 
 Integer nearest(float v) {
