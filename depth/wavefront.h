@@ -194,18 +194,23 @@ class Wavefront {
         for (int k = i; k < i + 4; ++k) scatterRow(k);
       }
     }
-    for (int i = 0; i < kRows; ++i) {
-      const int down = kRows - 1 - i;
-      eachRun(
-          cursor_[i],
-          [&](const auto&, ptrdiff_t x, ptrdiff_t step, ptrdiff_t count) {
-            if (down >= Method::kRows) return;
-            for (ptrdiff_t k = 0; k < count; ++k) {
-              above_.row[down][x + k] = lastRows_[(step + k) * kPerRegister + kPerRegister - 1 - down];
-            }
-          },
-          [](ptrdiff_t, ptrdiff_t) {});
+    for (int down = 0; down < Method::kRows; ++down) scatterErrors(down);
+    for (Cursor& at : cursor_) {
+      at.x += kSteps;
+      if (at.x < period_) continue;
+      at = {at.x - period_, at.index + kRows, rowAt(at.index + kRows)};
     }
+  }
+  // The errors of the last rows, which the first ones need next time.
+  void scatterErrors(int down) {
+    Cursor at = cursor_[kRows - 1 - down];
+    eachRun(
+        at,
+        [&](const auto&, ptrdiff_t x, ptrdiff_t step, ptrdiff_t count) {
+          const Error* errors = lastRows_ + step * kPerRegister + kPerRegister - 1 - down;
+          for (ptrdiff_t k = 0; k < count; ++k) above_.row[down][x + k] = errors[k * kPerRegister];
+        },
+        [](ptrdiff_t, ptrdiff_t) {});
   }
   void scatterFour(int first) {
     Registers<int32_t, 1, 4> row[4];
