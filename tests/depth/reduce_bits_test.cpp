@@ -324,6 +324,28 @@ TEST(ReduceBits, BitsBetweenTheirNeighbours) {
   }
 }
 
+// To all levels of a byte another way is taken than to fewer ones.
+TEST(ReduceBits, EveryWordAtEveryEntryOfTheMatrix) {
+  constexpr int32_t kWidth = 4 * 65536, kHeight = 4;
+  std::vector<uint16_t> words(static_cast<size_t>(kWidth) * kHeight);
+  for (size_t i = 0; i < words.size(); ++i) words[i] = static_cast<uint16_t>(i / 4);
+  for (const char* name : {"tolkReduceBits_16u8u_C1R", "tolkReduceBits_16s8u_C1R"}) {
+    const harness::Subject& subject = harness::subject(name);
+    for (const int32_t levels : {255, 256}) {
+      std::vector<uint8_t> bytes[2];
+      for (int i = 0; i < 2; ++i) {
+        bytes[i].resize(words.size());
+        tolk::Call call;
+        call.src = {.plane = {words.data()}, .step = {2 * kWidth}};
+        call.dst = {.plane = {bytes[i].data()}, .step = {kWidth}};
+        call.roi = {kWidth, kHeight}, call.ditherType = tolkDitherBayer, call.levels = levels, call.noise = 0;
+        ASSERT_EQ(subject.function->invoke(i == 0 ? subject.tested : subject.expected, call), tolkStatusOk);
+      }
+      EXPECT_TRUE(bytes[0] == bytes[1]) << name << ", levels " << levels;
+    }
+  }
+}
+
 TEST(ReduceBits, BufferIsNeededByItsMethods) {
   for (const harness::Subject& subject : harness::subjects()) {
     if (!subject.function->has("buffer")) continue;
