@@ -19,9 +19,9 @@ struct FloatRows {
 };
 
 float largestOf(FloatRows src, TolkSize roi) {
-  float largest = -std::numeric_limits<float>::max();
-  for (int32_t y = 0; y < roi.height; ++y) largest = largestOfRow(src.row(y), roi.width, largest);
-  return largest;
+  LargestSample largest;
+  for (int32_t y = 0; y < roi.height; ++y) largest.add(src.row(y), roi.width);
+  return largest.value();
 }
 
 double sumOf(FloatRows src, TolkSize roi) {

@@ -36,12 +36,12 @@ inline float floatAt(const uint8_t* row, ptrdiff_t x) {
   std::memcpy(&value, row + x * ptrdiff_t{sizeof value}, sizeof value);
   return value;
 }
-// Floats x + 4 i of each lane's sixteen, for i below 4.
+// Four registers of samples in a row.
 template <int L>
 LANE_OP Registers<float, L, 4> floatsAt(const uint8_t* row, ptrdiff_t x, auto bytes) {
   Registers<float, L, 4> samples;
   unrolled<4>([&](auto i) __attribute__((always_inline)) {
-    samples[i] = loadBytes<64, float, L>(row + 4 * x + 16 * i, bytes - 16 * i);
+    samples[i] = loadBytes<16, float, L>(row + 4 * x + 16 * L * i, bytes - 16 * L * i);
   });
   return samples;
 }
@@ -54,27 +54,47 @@ LANE_OP float folded(const float (&sums)[16]) {
 }
 }  // namespace detail
 
-// The largest of a number and the samples of a row; those that are no numbers do not count.
+// The largest of all samples of rows that are numbers.
 template <int L = kLanes>
-float largestOfRow(const uint8_t* row, ptrdiff_t width, float largest) {
-  ptrdiff_t x = 0;
-  if constexpr (L > 0) {
-    constexpr ptrdiff_t kStep = 16 * L;
-    if (width >= kStep) {
-      Registers<float, L, 4> most;
-      most.fill(F32<L>::splat(largest));
-      for (; x + kStep <= width; x += kStep) {
+class LargestSample {
+ public:
+  void add(const uint8_t* row, ptrdiff_t width) {
+    ptrdiff_t x = 0;
+    if constexpr (L > 0) {
+      auto most = most_;
+      for (; x + 16 * L <= width; x += 16 * L) {
         const auto samples = detail::floatsAt<L>(row, x, Whole{});
         unrolled<4>([&](auto i) __attribute__((always_inline)) { most[i] = larger(samples[i], most[i]); });
       }
-      float last[kStep / 4];
-      storeLanes<16>(last, larger(larger(most[0], most[1]), larger(most[2], most[3])));
-      for (float sample : last) largest = larger(sample, largest);
+      most_ = most;
+    }
+    for (; x < width; ++x) last_ = larger(detail::floatAt(row, x), last_);
+  }
+  float value() const {
+    float largest = last_;
+    if constexpr (L > 0) {
+      float numbers[4 * L];
+      storeLanes<16>(numbers, larger(larger(most_[0], most_[1]), larger(most_[2], most_[3])));
+      for (float number : numbers) largest = larger(number, largest);
+    }
+    return largest;
+  }
+
+ private:
+  static constexpr float kLeast = -std::numeric_limits<float>::max();
+  struct Nothing {};
+  static auto start() {
+    if constexpr (L > 0) {
+      Registers<float, L, 4> most;
+      most.fill(F32<L>::splat(kLeast));
+      return most;
+    } else {
+      return Nothing{};
     }
   }
-  for (; x < width; ++x) largest = larger(detail::floatAt(row, x), largest);
-  return largest;
-}
+  decltype(start()) most_ = start();
+  float last_ = kLeast;
+};
 
 // Sixteen partial sums in turn, from the row's first sample at a multiple of 16 bytes on; the samples before it go to
 // the first ones. The order decides the last bits.
@@ -108,7 +128,7 @@ void mapRow(Form form, const uint8_t* row, uint8_t* dst, ptrdiff_t width) {
       const auto samples = detail::floatsAt<L>(row, x, pixels * 4);
       Registers<int32_t, L, 4> results;
       unrolled<4>([&](auto i) __attribute__((always_inline)) { results[i] = form(samples[i]); });
-      storeBytes<16>(dst + x, Form::asBytes(results), pixels);
+      storeBytes<16>(dst + x, inRegisterOrder(Form::asBytes(results)), pixels);
     };
     eachVector<L>(0, width, Whole{}, convert);
   } else {

@@ -414,6 +414,15 @@ LANE_OP I16<L> lowWords(I32<L> low, I32<L> high) {
   const auto words = everyLane<L>(kWords);
   return as<int16_t>(interleaveLow<8>(pick(low, words), pick(high, words)));
 }
+// Of 32-bit groups that four registers in a row were narrowed to, those of each register one after the other.
+template <int L>
+LANE_OP U8<L> inRegisterOrder(U8<L> a) {
+  if constexpr (L == 1) {
+    return a;
+  } else {
+    return U8<L>(_mm256_permutevar8x32_epi32(a.bits(), _mm256_setr_epi32(0, 4, 1, 5, 2, 6, 3, 7)));
+  }
+}
 
 #undef BY_WIDTH
 
