@@ -62,10 +62,15 @@ void appendSample(std::vector<uint8_t>& bytes, std::string_view type, uint32_t b
 // pixel for the whole agrees with one that takes the mean.
 class Images {
  public:
-  Images(const tolk::Function& function, TolkSize roi) {
+  Images(const tolk::Function& function, TolkSize roi, uint32_t ditherType = tolkDitherNone)
+      : scratch(function.has("buffer") ? scratchBytes(roi, ditherType) : 0) {
     inPatches = tolk::chromaGroup(function.src).across > 1 || tolk::chromaGroup(function.dst).across > 1;
     call.roi = roi;
     call.alpha = 255;
+    call.twist = {{0.393f, 0.769f, 0.189f, 3.7f, 0.349f, 0.686f, 0.168f, 0, 0.272f, 0.534f, 0.131f, 0, 0, 0, 0, 1}};
+    call.ditherType = ditherType;
+    call.levels = function.src.sample == function.dst.sample ? 4 : 256;
+    call.buffer = scratch.data();
     sourceBytes = fill(function.src, call.src);
     firstTarget = planes.size();
     targetBytes = fill(function.dst, call.dst);
@@ -76,6 +81,13 @@ class Images {
 
  private:
   bool inPatches;
+  std::vector<uint8_t> scratch;
+
+  static size_t scratchBytes(TolkSize roi, uint32_t ditherType) {
+    uint32_t bytes = 0;
+    tolkReduceBitsGetBufferSize(4, static_cast<uint32_t>(roi.width), 0, ditherType, &bytes);
+    return bytes;
+  }
 
   size_t fill(const tolk::SideInfo& info, tolk::Side& side) {
     size_t total = 0, plane = 0;
@@ -105,10 +117,27 @@ void countPixels(benchmark::State& state, TolkSize roi) {
   state.counters["Mpixel/s"] = benchmark::Counter(pixels / 1e6, benchmark::Counter::kIsRate);
 }
 
-void runFunction(benchmark::State& state, const tolk::Function& function, const char* path, TolkSize roi) {
+// What is measured of a function: each kind of dithering on its own.
+struct Method {
+  std::string name;
+  uint32_t ditherType = tolkDitherNone;
+};
+std::vector<Method> methods(const tolk::Function& function) {
+  const std::string name(function.name);
+  if (!function.has("ditherType")) return {{name}};
+  std::vector<Method> all = {{name, tolkDitherNone}, {name + ":stucki", tolkDitherStucki}};
+  if (function.has("levels")) {  // the others have these two alone
+    all.push_back({name + ":fs", tolkDitherFloydSteinberg});
+    all.push_back({name + ":bayer", tolkDitherBayer});
+  }
+  return all;
+}
+
+void runFunction(benchmark::State& state, const tolk::Function& function, uint32_t ditherType, const char* path,
+                 TolkSize roi) {
   void* library = dlopen(path, RTLD_NOW | RTLD_LOCAL);
   void* entry = library ? dlsym(library, std::string(function.name).c_str()) : nullptr;
-  Images images(function, roi);
+  Images images(function, roi, ditherType);
   if (entry == nullptr || function.invoke(entry, images.call) < 0) {
     state.SkipWithError(entry ? "the call fails" : dlerror());
     return;
@@ -258,17 +287,22 @@ class RatioReporter : public benchmark::BenchmarkReporter {
     std::printf("%-39s %6s %6s %-12s %6s   %6s %6s %-12s %6s\n", "Mpixel/s", "ssse3", "best", "peer", "ratio", "avx2",
                 "best", "peer", "ratio");
     for (const tolk::Function& function : tolk::functions()) {
-      const std::string name(function.name), group = name + "/256x128";
-      if (!rates_.count(group)) continue;
-      std::printf("%-39s", name.c_str());
-      for (const char* code : {"ssse3", "avx2"}) {
-        const std::string peer = bestPeer(group, code);
-        const double rate = rateOf(group, code), theirs = rateOf(group, peer);
-        std::printf(" %6.0f %6s %-12s %6s  ", rate, theirs > 0 ? std::to_string(std::lround(theirs)).c_str() : "-",
-                    peer.c_str(), ratio(rate, theirs).c_str());
+      for (const Method& method : methods(function)) {
+        if (rates_.count(method.name + "/256x128")) printSummary(method.name);
       }
-      std::printf("\n");
     }
+  }
+
+  void printSummary(const std::string& name) {
+    const std::string group = name + "/256x128";
+    std::printf("%-39s", name.c_str());
+    for (const char* code : {"ssse3", "avx2"}) {
+      const std::string peer = bestPeer(group, code);
+      const double rate = rateOf(group, code), theirs = rateOf(group, peer);
+      std::printf(" %6.0f %6s %-12s %6s  ", rate, theirs > 0 ? std::to_string(std::lround(theirs)).c_str() : "-",
+                  peer.c_str(), ratio(rate, theirs).c_str());
+    }
+    std::printf("\n");
   }
 
   double rateOf(const std::string& group, const std::string& code) {
@@ -296,9 +330,8 @@ class RatioReporter : public benchmark::BenchmarkReporter {
   std::map<std::string, std::map<std::string, double>> rates_;
 };
 
-void registerFunction(const tolk::Function& function, TolkSize roi, bool summary) {
-  const std::string group =
-      std::string(function.name) + "/" + std::to_string(roi.width) + "x" + std::to_string(roi.height);
+void registerMethod(const tolk::Function& function, const Method& method, TolkSize roi, bool summary) {
+  const std::string group = method.name + "/" + std::to_string(roi.width) + "x" + std::to_string(roi.height);
   const auto add = [&](const std::string& code, auto run, auto... arguments) {
     registeredCodes[group].push_back(code);
     benchmark::RegisterBenchmark((group + "/" + code).c_str(), run, function, arguments..., roi)->UseRealTime();
@@ -309,7 +342,7 @@ void registerFunction(const tolk::Function& function, TolkSize roi, bool summary
     if (findConversion(peer, function, roi)) add(peer.name, runPeer, peer);
   }
   for (const Implementation& code : kImplementations) {
-    if (!summary || std::strcmp(code.name, "plain") != 0) add(code.name, runFunction, code.path);
+    if (!summary || std::strcmp(code.name, "plain") != 0) add(code.name, runFunction, method.ditherType, code.path);
   }
 }
 
@@ -346,8 +379,10 @@ int main(int argc, char** argv) {
   if (summary) sizes = {{256, 128}};
   if (sizes.empty()) sizes = {{256, 128}, {250, 128}, {1920, 1080}, {3840, 2160}};
   for (const tolk::Function& function : tolk::functions()) {
-    if (function.name.find(pattern) == std::string_view::npos) continue;
-    for (const TolkSize roi : sizes) registerFunction(function, roi, summary);
+    for (const Method& method : methods(function)) {
+      if (method.name.find(pattern) == std::string::npos) continue;
+      for (const TolkSize roi : sizes) registerMethod(function, method, roi, summary);
+    }
   }
   RatioReporter reporter(summary);
   benchmark::RunSpecifiedBenchmarks(&reporter);

@@ -1,6 +1,7 @@
 // OpenCV's cvtColor on one thread; OPENCV_CPU_DISABLE=AVX2 in the environment holds it to SSE4.1, the nearest to SSSE3
 // that it has.
 #include <algorithm>
+#include <array>
 #include <cstring>
 #include <memory>
 #include <opencv2/core.hpp>
@@ -17,6 +18,7 @@ struct Entry {
   int code;
   std::string_view samples = "8u";
 };
+constexpr int kTransform = -1;
 constexpr Entry kEntries[] = {
     {"RGB C3", "YCbCr C3", cv::COLOR_RGB2YUV},
     {"YCbCr C3", "RGB C3", cv::COLOR_YUV2RGB},
@@ -73,6 +75,7 @@ constexpr Entry kEntries[] = {
     {"BGR C3", "LUV C3", cv::COLOR_LBGR2Luv, "8u 32f"},
     {"LUV C3", "RGB C3", cv::COLOR_Luv2LRGB, "8u 32f"},
     {"LUV C3", "BGR C3", cv::COLOR_Luv2LBGR, "8u 32f"},
+    {"RGB C3", "twisted C3", kTransform, "8u 16u 16s 32f"},
 };
 
 cv::Mat packed(const tolk::Side& side, size_t plane, int channels, int width, int height, int depth = CV_8U) {
@@ -98,12 +101,14 @@ void scaleHue(cv::Mat image, double factor) {
 
 // Hue of 32f is a share of the circle in the call and degrees here: adapts it, once.
 Conversion findPacked(const Entry& entry, std::string_view sample, TolkSize roi) {
-  const int depth = sample == "32f" ? CV_32F : sample == "16u" ? CV_16U : CV_8U;
+  const int depth = sample == "32f" ? CV_32F : sample == "16u" ? CV_16U : sample == "16s" ? CV_16S : CV_8U;
   return [=, first = depth == CV_32F](const tolk::Call& call) mutable {
+    std::array<float, 16> twist = *call.twist;
     const cv::Mat source = packed(call.src, 0, entry.from.back() - '0', roi.width, roi.height, depth);
     cv::Mat target = packed(call.dst, 0, entry.to.back() - '0', roi.width, roi.height, depth);
     const bool adapts = std::exchange(first, false);
     if (adapts && entry.from == "HLS C3") scaleHue(source, 360);
+    if (entry.code == kTransform) return cv::transform(source, target, cv::Mat(3, 4, CV_32F, &twist[0]));
     cv::cvtColor(source, target, entry.code);
     if (adapts && entry.to == "HLS C3") scaleHue(target, 1 / 360.0);
   };

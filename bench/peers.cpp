@@ -51,12 +51,12 @@ void swapChroma(tolk::Side& side) {
 
 Conversion findConversion(const Peer& peer, const tolk::Function& function, TolkSize roi) {
   const tolk::SideInfo &src = function.src, &dst = function.dst;
-  // Other matrices cost the peers the same; gamma none of them has, nor a twist: between like sides they copy.
-  const bool plain = function.variant.empty() && function.operation.find("Gamma") == std::string_view::npos &&
-                     !function.operation.starts_with("ColorTwist");
+  // Other matrices cost the peers the same; gamma none of them has.
+  const bool plain = function.variant.empty() && function.operation.find("Gamma") == std::string_view::npos;
+  const bool twist = function.operation.starts_with("ColorTwist");  // between like sides the peers copy
   if (!plain || function.inPlace || src.sample != dst.sample) return nullptr;
   if (!wholeGroups(src, roi) || !wholeGroups(dst, roi)) return nullptr;
-  Conversion conversion = peer.find(format(src), format(dst), roi);
+  Conversion conversion = peer.find(format(src), twist ? "twisted " + format(dst).substr(4) : format(dst), roi);
   if (!conversion || (!crBeforeCb(src) && !crBeforeCb(dst))) return conversion;
   return [=, swapSource = crBeforeCb(src), swapTarget = crBeforeCb(dst)](tolk::Call call) {
     if (swapSource) swapChroma(call.src);
