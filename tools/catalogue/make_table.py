@@ -81,15 +81,8 @@ def parameters(text):
     return result
 
 
-def main():
-    header = open(sys.argv[1], encoding="utf-8").read()
-    if len(sys.argv) > 2:
-        print(f'#pragma once\n#include "tolkcolor.h"\nnamespace {sys.argv[2]} {{')
-        for match in DECLARATION.finditer(header):
-            if match.group(2) != "tolkGetLibVersion":
-                print(f"{match.group(1)} {match.group(2)}({match.group(3)});")
-        print("}")
-        return
+def declarations(header):
+    """What the header declares, in its order, with its words."""
     family, family_text, note = "", "", ""
     for token in re.finditer(r"/\* ==== (.*?) ==== \*/|(/\*\*(?:[^*]|\*(?!/))*\*/)|^(TOLK_API[^;]*;)", header, re.M):
         section, comment, declaration = token.groups()
@@ -101,27 +94,54 @@ def main():
             note = comment_text(comment)
         else:
             returns, name, text = DECLARATION.match(declaration).groups()
-            match = NAME.match(name)
-            if match:
-                part = match.groupdict()
-                source, target = spaces(part["operation"])
-                in_place = part["inPlace1"] or part["inPlace2"]
-                arguments = parameters(text)
-                listed = ", ".join(f"{{{quoted(kind)}, {quoted(label)}}}" for kind, label in arguments)
-                v210 = source.endswith("v210")
-                tight = not any("Step" in label for kind, label in arguments)
-                call = ", ".join(argument(kind, label, v210) for kind, label in arguments)
-                target_layout = "C1" if v210 else part["dstLayout"] or part["srcLayout"]
-                print(f"{{{quoted(name)}, {quoted(family)}, {quoted(part['operation'])}, "
-                      f"{quoted(part['variants'].strip('_'))},\n"
-                      f" {{{quoted(source)}, {quoted(part['srcLayout'])}, {quoted(part['srcType'])}, {str(tight).lower()}}},\n"
-                      f" {{{quoted(target)}, {quoted(target_layout)}, "
-                      f"{quoted(part['dstType'] or part['srcType'])}, {str(tight).lower()}}},\n"
-                      f" {'true' if in_place else 'false'}, {{{listed}}},\n"
-                      f" {quoted(family_text)},\n {quoted(note)},\n"
-                      f" reinterpret_cast<void*>(&FUNCTION_SCOPE {name}),\n"
-                      f" [](void* f, const Call& c) {{ return reinterpret_cast<decltype(&{name})>(f)({call}); }}}},")
+            yield {"name": name, "family": family, "familyText": family_text, "text": note, "returns": returns,
+                   "parameters": parameters(text)}
             note = ""
 
 
-main()
+def functions(header):
+    """The image functions: their declarations, and the sides of a call."""
+    for declared in declarations(header):
+        match = NAME.match(declared["name"])
+        if not match:
+            continue
+        part = match.groupdict()
+        source, target = spaces(part["operation"])
+        v210 = source.endswith("v210")
+        tight = not any("Step" in label for kind, label in declared["parameters"])
+        yield {
+            **declared, "operation": part["operation"], "variant": part["variants"].strip("_"),
+            "inPlace": bool(part["inPlace1"] or part["inPlace2"]), "elementSteps": v210,
+            "src": {"space": source, "layout": part["srcLayout"], "sample": part["srcType"], "tight": tight},
+            "dst": {"space": target, "layout": "C1" if v210 else part["dstLayout"] or part["srcLayout"],
+                    "sample": part["dstType"] or part["srcType"], "tight": tight}}
+
+
+def cpp_side(side):
+    return (f"{{{quoted(side['space'])}, {quoted(side['layout'])}, {quoted(side['sample'])}, "
+            f"{str(side['tight']).lower()}}}")
+
+
+def main():
+    header = open(sys.argv[1], encoding="utf-8").read()
+    if len(sys.argv) > 2:
+        print(f'#pragma once\n#include "tolkcolor.h"\nnamespace {sys.argv[2]} {{')
+        for match in DECLARATION.finditer(header):
+            if match.group(2) != "tolkGetLibVersion":
+                print(f"{match.group(1)} {match.group(2)}({match.group(3)});")
+        print("}")
+        return
+    for f in functions(header):
+        name = f["name"]
+        listed = ", ".join(f"{{{quoted(kind)}, {quoted(label)}}}" for kind, label in f["parameters"])
+        call = ", ".join(argument(kind, label, f["elementSteps"]) for kind, label in f["parameters"])
+        print(f"{{{quoted(name)}, {quoted(f['family'])}, {quoted(f['operation'])}, {quoted(f['variant'])},\n"
+              f" {cpp_side(f['src'])},\n {cpp_side(f['dst'])},\n"
+              f" {'true' if f['inPlace'] else 'false'}, {{{listed}}},\n"
+              f" {quoted(f['familyText'])},\n {quoted(f['text'])},\n"
+              f" reinterpret_cast<void*>(&FUNCTION_SCOPE {name}),\n"
+              f" [](void* f, const Call& c) {{ return reinterpret_cast<decltype(&{name})>(f)({call}); }}}},")
+
+
+if __name__ == "__main__":
+    main()
