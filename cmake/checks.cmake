@@ -44,3 +44,10 @@ tolk_installed_program(tools/checks/loaded_library.c)
 tolk_check(loader_choice ${checks}/loader_choice.sh ${prefix}/loaded_library ${folder}
            $<IF:$<BOOL:${TOLK_V3_LIBRARY}>,yes,no>)
 set_tests_properties(check.loader_choice PROPERTIES FIXTURES_REQUIRED loaded_library)
+
+tolk_check(consumers ${checks}/consumers.sh ${PROJECT_SOURCE_DIR}/tests/consumers
+           ${PROJECT_SOURCE_DIR}/examples/planar_round_trip.c ${PROJECT_BINARY_DIR}/consumers ${prefix} ${folder})
+set_tests_properties(check.consumers PROPERTIES FIXTURES_REQUIRED installed)
+
+tolk_check(packages ${checks}/packages.sh ${PROJECT_BINARY_DIR} ${PROJECT_SOURCE_DIR}/examples/planar_round_trip.c)
+set_tests_properties(check.packages PROPERTIES FIXTURES_REQUIRED installed) # one `cmake --install` at a time

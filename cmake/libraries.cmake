@@ -65,14 +65,11 @@ endfunction()
 
 set(TOLK_V3_FOLDER glibc-hwcaps/x86-64-v3)
 tolk_library(tolkcolor FOLDER lib FLAGS -mssse3)
-install(TARGETS tolkcolor LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
-install(FILES include/tolkcolor.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
 set(TOLK_CLASSES tolkcolor)
 
 if(TOLK_V3_LIBRARY)
   tolk_library(tolkcolor_v3 FOLDER lib/${TOLK_V3_FOLDER} FLAGS -mavx2)
   target_link_options(tolkcolor_v3 PRIVATE -Wl,-z,x86-64-v3)
-  install(TARGETS tolkcolor_v3 LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}/${TOLK_V3_FOLDER} NAMELINK_SKIP)
   list(APPEND TOLK_CLASSES tolkcolor_v3)
 endif()
 

@@ -21,3 +21,6 @@ expect "${best}libtolkcolor.so.2022"
 record=$(echo "$output" | tail -n 1)
 expect libtolkcolor.so.2022 --glibc-hwcaps-mask x86-64-v2
 [ "$(echo "$output" | tail -n 1)" = "$record" ] || { echo "the records differ" >&2; exit 1; }
+# The same for a process that is told to go without AVX2.
+export GLIBC_TUNABLES=glibc.cpu.hwcaps=-AVX2
+expect libtolkcolor.so.2022
