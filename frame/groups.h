@@ -252,6 +252,7 @@ template <class Source, class Target, int N, class BlockForm, class TailForm>
 requires(Target::kAcross > 1) TolkStatus
     rows(TolkSize roi, Source src, Target dst, Block<N, BlockForm> block, Tail<TailForm> tail) {
   const ptrdiff_t width = roi.width & -Target::kAcross, end = roi.width & ~ptrdiff_t{N - 1};
+  if (width < 1) return tolkStatusOk;
   for (ptrdiff_t group = 0; group < roi.height / Target::kDown; ++group) {
     detail::encodeBlocks(block.form, group, src, dst, end);
     detail::encodePixels(tail.form, group, src, dst, end, width);

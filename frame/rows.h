@@ -203,6 +203,7 @@ LANE_OP void convertRow(ptrdiff_t y, ptrdiff_t width, ptrdiff_t end, const Sourc
 template <class Size, class Source, int N, class BlockForm, class BlockTarget, class TailForm, class TailTarget>
 TolkStatus rows(Size roi, Source src, Block<N, BlockForm, BlockTarget> block, Tail<TailForm, TailTarget> tail) {
   const ptrdiff_t width = roi.width, end = width & ~ptrdiff_t{N - 1};
+  if (width < 1) return tolkStatusOk;  // where sizes are not tested, no walk over empty rows
   for (ptrdiff_t y = 0; y < roi.height; ++y) detail::convertRow(y, width, end, src, block, tail);
   return tolkStatusOk;
 }

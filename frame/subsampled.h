@@ -289,6 +289,7 @@ requires(Source::kAcross > 1) TolkStatus
     return false;
   }();
   const ptrdiff_t width = kEveryColumn ? roi.width : roi.width & -Source::kAcross, end = roi.width & ~ptrdiff_t{N - 1};
+  if (roi.width < 1) return tolkStatusOk;
   for (ptrdiff_t group = 0; group < roi.height / Source::kDown; ++group) {
     detail::convertGroupRow(group, width, end, src, dst, block, tail.form);
     if constexpr (requires { Source::kLastColumn; }) {

@@ -19,6 +19,10 @@
  * Blocks and tails. Where a family gives two formulas, columns below `width & ~(N - 1)` of every row use the block
  * formula and the rest the tail formula. Both are part of the definition: a sample may depend on its column.
  *
+ * Floating point. Where a formula is one of floats, each operation is rounded on its own, and the result is defined for
+ * a thread in the state that programs start in: rounding to nearest, denormal numbers kept. The integer colour twists
+ * set the rounding mode themselves; integer formulas do not depend on it.
+ *
  * Errors. The tests run in the stated order and the first fault is returned; nothing has been written then.
  */
 #ifndef TOLKCOLOR_H
@@ -2504,12 +2508,14 @@ TOLK_API TolkStatus tolkReduceBits_8u1u_C1R(const uint8_t* src, int32_t srcStep,
  */
 /** The largest sample to 255: M is the largest of -3.4028235e38 and all samples that are numbers; if it is not above
  * 1.1754944e-38 it is next to 0. With r = 1 / M a result is cut((x * 255) * r), of which the low 8 bits are stored:
- * there are no limits, -1 is 255, and 256, should rounding reach it, is 0. A product that is not a number gives 0. */
+ * there are no limits, -1 is 255, and 256, should rounding reach it, is 0. A product that is not a number, or that a
+ * 32-bit integer does not hold, gives 0: so does a sample above 1.33e36, of which x * 255 is infinite. */
 TOLK_API TolkStatus tolkToneMapLinear_32f8u_C1R(const float* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
                                                 TolkSize roi);
-/** The mean to 127.5: m = S / (width * height) in double precision, the product a signed 32-bit number. The statistic
- * is m + m; if it is not above 1.1754943508222875e-38 it is next to 0. With f = 127.5 / m, divided in double precision
- * and rounded to single, a result is cut(x * f), limited to 0..255. A product that is not a number gives 0.
+/** The mean to 127.5, where single precision holds the factor; it is infinite for means next to 0: m = S / (width *
+ * height) in double precision, the product a signed 32-bit number. The statistic is m + m; if it is not
+ * above 1.1754943508222875e-38 it is next to 0. With f = 127.5 / m, divided in double precision and rounded to single,
+ * a result is cut(x * f), limited to 0..255. A product that is not a number gives 0.
  *
  * S is the sum of the rows' sums from the first on, in double precision, and depends on where rows lie: with
  * h = (-address & 15) / 4, rounded down, of the row's first sample, sample x is added to partial sum x if x is below h,

@@ -98,6 +98,7 @@ TEST(ReduceBits, NearestLevel) {
       {"16u_C1R", tolkDitherNone, 42, 0, 0, {65535}, {65534}},
       {"16s_C1R", tolkDitherNone, 2, 0, 0, {-32768, -1, 0, 32767}, {-32768, -32768, 32767, 32767}},
       {"32f8u_C1R", tolkDitherNone, 5, 0, 0, {-1, 0, 0.124, 0.126, 0.5, 1, 1e30}, {0, 0, 0, 63, 127, 255, 255}},
+      {"32f8u_C1R", tolkDitherNone, 42, 0, 0, {1, 1.5}, {254, 255}},
       {"32f16s_C1R", tolkDitherNone, 5, 0, 0, {-1e30, 0.126, 0.5, 1, 2}, {-32768, -16385, -1, 32767, 32767}},
       {"8u_AC4R", tolkDitherNone, 2, 0, 0, {1, 127, 128, 255, 255, 3, 2, 7}, {0, 0, 255, kKept, 255, 0, 0, kKept}},
       {"8u_C4R", tolkDitherNone, 2, 0, 0, {1, 127, 128, 255}, {0, 0, 255, 255}},
@@ -107,6 +108,7 @@ TEST(ReduceBits, NearestLevel) {
 
 // 128 of 255 lies above the thresholds m / 15 of m up to 7.
 TEST(ReduceBits, BayerPattern) {
+  expectReduction({"16u_C1R", tolkDitherBayer, 258, 0, 1, {255, 255, 255, 255}, {255, 255, 255, 0}});  // 255 is a level
   const int kMatrix[16] = {0, 8, 2, 10, 12, 4, 14, 6, 3, 11, 1, 9, 15, 7, 13, 5};
   for (const auto& [form, from, low, high] : {std::tuple{"8u_", 128.0, 0.0, 255.0},
                                               {"16u_", 32896.0, 0.0, 65535.0},

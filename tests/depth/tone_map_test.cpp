@@ -44,7 +44,9 @@ TEST(ToneMap, Tones) {
       {{2, 2, 2, 2, 2}, tolkStatusOk, {255, 255, 255, 255, 255}, {127, 127, 127, 127, 127}},
       {{1, 2, 0.5f, -1, -2, 0, 1.75f}, tolkStatusOk, {127, 255, 63, 129, 1, 0, 223}, {255, 255, 198, 0, 0, 0, 255}},
       {{255, -1, -256, -300.5f, 2.5f, 52}, tolkStatusNotProcessed, {255, 255, 0, 212, 2, 52}, {}},
-      {{41}, tolkStatusOk, {254}, {127}},  // 255 * 41 * (1 / 41) is below 255
+      {{1.4e36f, 0.7e36f}, tolkStatusOk, {0, 127}, {170, 85}},  // 255 times the first is beyond single precision
+      {{6e-39f, 6e-39f}, tolkStatusOk, {0, 0}, {255, 255}},     // and so is 127.5 by this mean
+      {{41}, tolkStatusOk, {254}, {127}},                       // 255 * 41 * (1 / 41) is below 255
       {{-5e9f, 0, 1, 0.1f, 0, 0, 0, 0, 5e9f},
        tolkStatusOk,
        {1, 0, 0, 0, 0, 0, 0, 0, 255},
@@ -90,6 +92,19 @@ TEST(ToneMap, OffsetsOf32Bits) {
       EXPECT_EQ(got, name[11] == 'L' ? Bytes({127, 255, 127}) : Bytes({95, 191, 95}));
     }
   }
+}
+
+// Ones on 2^31 pixels, all of them one row: the mean is -1. Only in the library, for the time that it takes.
+TEST(ToneMap, CountOf32Bits) {
+  const harness::Subject& subject = harness::subject("tolkToneMapMean_32f8u_C1R");
+  Floats row(32768, 1.0f);
+  Bytes got(row.size(), kBefore);
+  tolk::Call call;
+  call.src = {.plane = {row.data()}};
+  call.dst = {.plane = {got.data()}};
+  call.roi = {32768, 65536};
+  EXPECT_EQ(subject.function->invoke(subject.tested, call), tolkStatusNotProcessed);
+  EXPECT_EQ(got, Bytes(row.size(), kBefore));
 }
 
 // The first two rows leave what single-precision sums keep of 31 ones: 30 where the row is aligned to 16 bytes, 28

@@ -88,7 +88,8 @@ static double alphaFor(const tolk::Function& f, TolkSize roi) {
 }
 
 // Sums that differ by their order; what is no number from the start; ties; a usual matrix; sums without bound, that may
-// be no number; denormal numbers; a matrix in the scale of words. The one NaN is that of invalid operations.
+// be no number; denormal numbers; sums of words beyond 32 bits; a matrix in the scale of words. The one NaN is that of
+// invalid operations.
 static std::array<float, 16> twistFor(TolkSize roi) {
   constexpr float kMost = std::numeric_limits<float>::max(), kLeast = std::numeric_limits<float>::denorm_min(),
                   kInfinite = std::numeric_limits<float>::infinity(), kNan = -std::numeric_limits<float>::quiet_NaN();
@@ -99,6 +100,7 @@ static std::array<float, 16> twistFor(TolkSize roi) {
       {0.393f, 0.769f, 0.189f, 3.7f, 0.349f, 0.686f, 0.168f, -20, 0.272f, 0.534f, 0.131f, 0.3f, -0.1f, 1.3f, 2, 0.7f},
       {kMost, -kMost, 0, 1, 1, kMost, kMost, -kMost, -kMost, 0.5f, 0.5f, -kMost, kMost, 0, -kMost, kMost},
       {kLeast, -kLeast, 1e-40f, kLeast, 0.5f, 1e-39f, 1e-41f, 0, 1e-36f, -1e-37f, 1, 1e-39f, 0, 1e-40f, 0, 1},
+      {-40000, 0, 0, 7, 30000, 20000, -3e4f, 0.5f, 0, 40000, 1, -9, 1, 0, 0, 50000},
       {-1.7f, 0.9f, 1.6f, 300.3f, 0.3f, -0.59f, 0.11f, 32768, 20.1f, -7.7f, -12.3f, 0.1f, 1, -0.9f, 0.8f, -0.7f}};
   return kTwists[(int64_t{roi.width} + 5 * roi.height) % std::size(kTwists)];
 }
@@ -131,10 +133,10 @@ static uint32_t rotation(const Case& c) {
   return c.variant + static_cast<uint32_t>(7 * c.roi.width + 31 * c.roi.height + 3 * c.src.alignment + c.dst.alignment);
 }
 
-// Every method with every percentage and every number of levels, in 260 steps.
+// Every method with every percentage and every number of levels, in 260 steps at one size.
 static void setReduction(const tolk::Function& f, uint32_t n, tolk::Call& call) {
   constexpr uint32_t kNoises[] = {0, 100, 37, 1};
-  constexpr int32_t kLevels[] = {2, 3, 4, 6, 7, 64, 100, 255, 256, 257, 1000, 65535, 65536};
+  constexpr int32_t kLevels[] = {2, 3, 4, 6, 7, 64, 100, 255, 256, 258, 1000, 65535, 65536};
   constexpr uint8_t kThresholds[] = {127, 0, 1, 128, 254, 255, 64};
   const bool bits = f.dst.sample == "1u", bytes = f.src.sample == "8u" || f.dst.sample == "8u";
   call.noise = bits ? 0 : kNoises[n / 5 % 4];

@@ -58,12 +58,16 @@ TEST_P(Sweep, Alignments) {
 TEST_P(Sweep, ExtremeContents) {
   for (const Contents contents : {Contents::Zeros, Contents::Ones, Contents::Alternating, Contents::Extremes})
     for (const int32_t width : {1, 7, 16, 33, 67, 2063})
-      for (const Layout& layout : {kRight, kOdd})
+      for (const Layout& layout : {kRight, kOdd, kUpward})
         ASSERT_TRUE(runCase({&GetParam(), {width, 4}, layout, layout, contents}));
 }
 
 TEST_P(Sweep, WideRows) {
-  for (const Layout& layout : {kRight, kTight}) ASSERT_TRUE(runCase({&GetParam(), {100003, 3}, layout, layout}));
+  const uint32_t variants = GetParam().function->has("buffer") ? 5 : 1;
+  for (const Layout& layout : {kRight, kTight})
+    for (uint32_t variant = 0; variant < variants; ++variant)
+      ASSERT_TRUE(
+          runCase({.subject = &GetParam(), .roi = {100003, 3}, .src = layout, .dst = layout, .variant = variant}));
 }
 
 // Samples enough for the rare ones of every formula; the second image is all tail where a block has 16 columns, and the
@@ -99,7 +103,9 @@ TEST_P(Sweep, FarRows) {
   constexpr Layout kDown{.rows = Layout::Far}, kUp{.rows = Layout::Far, .direction = -1};
   const std::pair<Layout, Layout> layouts[] = {{kDown, kRight}, {kRight, kDown}, {kUp, kUp}};
   const bool wraps = GetParam().function->family == "Tone mapping";  // reads rows of 32-bit offsets
-  for (const auto& [src, dst] : layouts) ASSERT_TRUE(runCase({&GetParam(), {44, 12}, wraps ? kRight : src, dst}));
+  for (const auto& [src, dst] : layouts)
+    for (const Contents contents : {Contents::Random, Contents::Zeros})
+      ASSERT_TRUE(runCase({&GetParam(), {44, 12}, wraps ? kRight : src, dst, contents}));
 }
 
 // In large images the last bit of an error shows.
