@@ -62,32 +62,25 @@ void appendSample(std::vector<uint8_t>& bytes, std::string_view type, uint32_t b
 // pixel for the whole agrees with one that takes the mean.
 class Images {
  public:
-  Images(const tolk::Function& function, TolkSize roi, uint32_t ditherType = tolkDitherNone)
-      : scratch(function.has("buffer") ? scratchBytes(roi, ditherType) : 0) {
+  Images(const tolk::Function& function, TolkSize roi, uint32_t ditherType = tolkDitherNone) {
     inPatches = tolk::chromaGroup(function.src).across > 1 || tolk::chromaGroup(function.dst).across > 1;
     call.roi = roi;
     call.alpha = 255;
     call.twist = {{0.393f, 0.769f, 0.189f, 3.7f, 0.349f, 0.686f, 0.168f, 0, 0.272f, 0.534f, 0.131f, 0, 0, 0, 0, 1}};
     call.ditherType = ditherType;
     call.levels = function.src.sample == function.dst.sample ? 4 : 256;
-    call.buffer = scratch.data();
     sourceBytes = fill(function.src, call.src);
     firstTarget = planes.size();
     targetBytes = fill(function.dst, call.dst);
+    scratch = tolk::scratchMemory(function, call);
   }
   tolk::Call call;
   size_t sourceBytes = 0, targetBytes = 0, firstTarget = 0;
   std::vector<std::vector<uint8_t>> planes;
+  std::vector<uint8_t> scratch;
 
  private:
   bool inPatches;
-  std::vector<uint8_t> scratch;
-
-  static size_t scratchBytes(TolkSize roi, uint32_t ditherType) {
-    uint32_t bytes = 0;
-    tolkReduceBitsGetBufferSize(4, static_cast<uint32_t>(roi.width), 0, ditherType, &bytes);
-    return bytes;
-  }
 
   size_t fill(const tolk::SideInfo& info, tolk::Side& side) {
     size_t total = 0, plane = 0;

@@ -7,6 +7,9 @@ set(TOLK_SOURCES
     chroma/layouts_422.cpp
     chroma/resampling.cpp
     chroma/stripes.cpp
+    demosaic/ahd.cpp
+    demosaic/cfa.cpp
+    demosaic/vng.cpp
     depth/one_bit.cpp
     depth/reduce_bits.cpp
     depth/tone_map.cpp

@@ -71,6 +71,22 @@ typedef struct TolkSizeL {
   int64_t height;
 } TolkSizeL;
 
+/** Rectangle of sites in the coordinates of a whole mosaic. */
+typedef struct TolkRect {
+  int32_t x;
+  int32_t y;
+  int32_t width;
+  int32_t height;
+} TolkRect;
+
+/** Rectangle of the _L forms. */
+typedef struct TolkRectL {
+  int64_t x;
+  int64_t y;
+  int64_t width;
+  int64_t height;
+} TolkRectL;
+
 /** Identity of the library that the process has loaded. */
 typedef struct TolkLibraryVersion {
   int32_t versionMajor;
@@ -2523,6 +2539,154 @@ TOLK_API TolkStatus tolkToneMapLinear_32f8u_C1R(const float* src, int32_t srcSte
  * folded by halves: the sum of i and i + 8 for i below 8, then of i and i + 4, of i and i + 2, of 0 and 1. */
 TOLK_API TolkStatus tolkToneMapMean_32f8u_C1R(const float* src, int32_t srcStep, uint8_t* dst, int32_t dstStep,
                                               TolkSize roi);
+
+/* ==== Demosaicing ==== */
+
+/** Colours of a sensor's four-site pattern: even row, then odd row, from the mosaic's site (0, 0). */
+enum {
+  tolkGridBGGR = 0, /**< BG, GR */
+  tolkGridRGGB = 1, /**< RG, GB */
+  tolkGridGBRG = 2, /**< GB, RG */
+  tolkGridGRBG = 3  /**< GR, BG */
+};
+
+/** Any rectangle of a Bayer mosaic, one sample a site, to RGB: the two missing colours from the nearest sites that have
+ * them, green along the smaller of two gradients.
+ *
+ * src addresses the site (0, 0) of the whole mosaic of srcSize, W by H sites; the colour of a site follows from its
+ * coordinates there and from grid. dst addresses the pixel of the site (x, y) of srcRect. A rectangle that runs over
+ * the mosaic's right or bottom edge is trimmed; sites of negative coordinates are neither computed nor written. Sites
+ * up to two away from the rectangle are read. Outside the mosaic its sites are mirrored at the edge sites, which are
+ * not repeated: column -1 is column 1, column W is column W - 2.
+ *
+ * Every average rounds a half up. A red or blue site takes the opposite colour from its four diagonal neighbours. A
+ * green site takes one colour from the left and the right neighbour, the other from above and below. With
+ * dv = |two above - two below| and dh = |two left - two right|, a red or blue site at least two sites from every edge
+ * takes green from above and below where dh > dv, from left and right where dv > dh, and else from all four; nearer to
+ * an edge always from all four. Results are the same in every rectangle that a site is part of.
+ *
+ * reserved is not read. Steps are not tested; with 16u the lowest bit of both steps is ignored.
+ *
+ * Returns tolkStatusOk; tolkStatusNullPointer for a null src or dst; tolkStatusBadSize for W or H under 2;
+ * tolkStatusBadEnum for a grid above 3. The tests run in this order.
+ */
+/** 8 bits. */
+TOLK_API TolkStatus tolkCFAToRGB_8u_C1C3R(const uint8_t* src, TolkRect srcRect, TolkSize srcSize, int32_t srcStep,
+                                          uint8_t* dst, int32_t dstStep, uint32_t grid, int32_t reserved);
+/** 16 bits. */
+TOLK_API TolkStatus tolkCFAToRGB_16u_C1C3R(const uint16_t* src, TolkRect srcRect, TolkSize srcSize, int32_t srcStep,
+                                           uint16_t* dst, int32_t dstStep, uint32_t grid, int32_t reserved);
+
+/* ==== Demosaicing by a variable number of gradients ==== */
+
+/** Any rectangle of a Bayer mosaic to BGRA, by a variable number of gradients (Chang, Cheung and Pang): eight
+ * directional gradients of a site's 5 by 5 neighbourhood, and the mean colour differences over the directions whose
+ * gradient is below a threshold. src, srcRect, srcSize, dst and grid are as in the family above, but the rectangle is
+ * not trimmed.
+ *
+ * Interpolated are the sites of the rectangle that are at least two sites from every edge: with x0 = x for x of 3 or
+ * more and else 2, x1 = x + width - 1 for x + width below W - 2 and else W - 3, the columns x0 to x1; likewise the
+ * rows.
+ *
+ * With P(r, c) the sample r rows below and c columns right of the site C, the doubled gradients are
+ *
+ * - N = 2 (|P(-2,0) - C| + |P(-1,0) - P(1,0)|) + |P(-1,-1) - P(1,-1)| + |P(-1,1) - P(1,1)| + |P(0,-1) - P(-2,-1)| +
+ *   |P(0,1) - P(-2,1)|; S is N with rows mirrored, W is N with rows and columns exchanged, E is W with columns mirrored
+ * - NE of a red or blue site = 2 (|C - P(-2,2)| + |P(-1,1) - P(1,-1)|) + |P(-1,2) - P(0,1)| + |P(-2,1) - P(-1,0)| +
+ *   |P(0,1) - P(1,0)| + |P(-1,0) - P(0,-1)|
+ * - NE of a green site = 2 (|C - P(-2,2)| + |P(-1,1) - P(1,-1)| + |P(0,-1) - P(-2,1)| + |P(1,0) - P(-1,2)|)
+ * - SE, NW and SW are NE mirrored
+ *
+ * With m the smallest and M the largest gradient, a direction counts if its gradient is below max(M / 2, 1) + m, cut to
+ * an integer; n is their number. Each adds one term to three sums, here those of N, E, S and W, and of NE:
+ *
+ * - red or blue site: same = P(-2,0) + C, green = 2 P(-1,0), other = P(-1,-1) + P(-1,1); NE: same = P(-2,2) + C,
+ *   green = (P(-2,1) + P(-1,0) + P(-1,2) + P(0,1)) / 2 cut to an integer, other = 2 P(-1,1)
+ * - green site, row being the colour of its left and right neighbours: N: green = P(-2,0) + C,
+ *   row = P(-2,-1) + P(-2,1), column = 2 P(-1,0); E: green = P(0,2) + C, row = 2 P(0,1), column = P(-1,2) + P(1,2);
+ *   NE: green = 2 P(-1,1), row = P(-2,1) + P(0,1), column = P(-1,0) + P(-1,2)
+ *
+ * A missing colour is C + (its sum - the sum of the site's own colour) / (2 n), the quotient cut toward zero. It is
+ * converted to single precision, multiplied by its gain, limited to the range of the samples and rounded to the nearest
+ * integer, ties to even. scale holds the gains of blue, green and red; a null scale is 1, 1, 1. The fourth sample of a
+ * pixel is not written.
+ *
+ * The frame of two pixels at the mosaic's edges then repeats the nearest interpolated pixel, all four samples, inside
+ * dst: first columns, over the interpolated rows, then whole rows of the rectangle. Column x0 is copied two to the left
+ * if x is 0 and one to the left if x is 0 or 1; column x1 one to the right if x + width is at least W - 2, and two to
+ * the right if it is at least W - 1; rows y0 and y1 likewise with y, height and H. So a rectangle that ends one or two
+ * sites before the right or the bottom edge makes pixels be written up to two columns or rows outside it, for which dst
+ * needs room. The copies run also where no site was interpolated.
+ *
+ * Steps are not tested; they are bytes with 16u too.
+ *
+ * Returns tolkStatusOk, also for a width or height under 1, when nothing is written; tolkStatusNullPointer for a null
+ * src or dst; tolkStatusSizeOverflow for width, height, W or H above 2147483647 (_L forms); tolkStatusBadSize for W or
+ * H under 5; tolkStatusBadEnum for a grid above 3. The tests run in this order, that of an empty rectangle last.
+ */
+/** 8 bits. */
+TOLK_API TolkStatus tolkCFAToBGRA_VNG_8u_C1C4R(const uint8_t* src, TolkRect srcRect, TolkSize srcSize, int32_t srcStep,
+                                               const float scale[3], uint8_t* dst, int32_t dstStep, uint32_t grid);
+/** 16 bits. */
+TOLK_API TolkStatus tolkCFAToBGRA_VNG_16u_C1C4R(const uint16_t* src, TolkRect srcRect, TolkSize srcSize,
+                                                int32_t srcStep, const float scale[3], uint16_t* dst, int32_t dstStep,
+                                                uint32_t grid);
+/** 8 bits, sizes and steps of 64 bits. */
+TOLK_API TolkStatus tolkCFAToBGRA_VNG_8u_C1C4R_L(const uint8_t* src, TolkRectL srcRect, TolkSizeL srcSize,
+                                                 int64_t srcStep, const float scale[3], uint8_t* dst, int64_t dstStep,
+                                                 uint32_t grid);
+/** 16 bits, sizes and steps of 64 bits. */
+TOLK_API TolkStatus tolkCFAToBGRA_VNG_16u_C1C4R_L(const uint16_t* src, TolkRectL srcRect, TolkSizeL srcSize,
+                                                  int64_t srcStep, const float scale[3], uint16_t* dst, int64_t dstStep,
+                                                  uint32_t grid);
+
+/* ==== Homogeneity-directed demosaicing ==== */
+
+/** Any rectangle of a Bayer mosaic to RGB, adaptive and homogeneity-directed (Hirakawa and Parks): two candidates,
+ * green interpolated along rows (H) and along columns (V), of which each pixel takes the one with the more homogeneous
+ * neighbourhood. src, srcRect, srcSize and grid are as in the first demosaicing family. The rectangle is trimmed to the
+ * mosaic: its origin is moved to 0 where it is negative, which keeps width and height, and then its far edges to the
+ * mosaic's. dst addresses the pixel of the trimmed origin. A trimmed rectangle without pixels is success.
+ *
+ * buffer is scratch memory of 30 rows, bufferStep bytes apart, each of the trimmed width + 6 samples of the function's
+ * type, whatever the height. Nothing in it is read before it has been written. It may be anywhere, but two calls at a
+ * time need two. It is not tested for null.
+ *
+ * Outside the mosaic its sites are mirrored at the edge sites, which are not repeated. Integers of 32 bits, divisions
+ * round toward minus infinity:
+ *
+ * - Green of a red or blue site c, with neighbours a, b and d, e one and two sites away along the candidate's
+ * direction: (a + b) / 2 + (2 c - d - e) / 4, each quotient rounded for itself, limited to the range from a to b.
+ * - Red and blue of a candidate, from its green G and the mosaic's samples X of the colour: at a green site
+ *   G + (the two neighbouring X - the two neighbouring G) / 2, at the opposite colour's G + (the four diagonal X - the
+ *   four diagonal G) / 4, limited to the range of the samples.
+ * - Y = (66 R + 129 G + 25 B + 128) / 256, U = (-38 R - 74 G + 112 B + 128) / 256, V = (112 R - 94 G - 18 B + 128) /
+ * 256, for both sample types.
+ * - To each of the four neighbours dY = |difference of Y| and dC = the sum of the squared differences of U and V, an
+ *   unsigned number of 32 bits that wraps around. epsY = min(the larger dY of H to left and right, the larger dY of V
+ *   up and down), epsC likewise. A candidate's count is the number of its neighbours with dY <= epsY and dC <= epsC.
+ * - A pixel's sum is count H - count V over its 3 by 3 neighbourhood: below 0 it takes candidate V, above 0 H, and at 0
+ *   that of the pixel to its left. At the start of a run's row a 0 takes H.
+ *
+ * The rectangle is converted in up to five runs, so where a 0 takes H is part of the definition. With xi = 5 for x
+ * below 6 and else x, yi likewise, the inner run begins at (xi, yi), moved by one to the right if that site is blue or
+ * a green one in a row with red, and then by one down if it still is not red. It ends at the rectangle's end or 5 sites
+ * before the mosaic's, whichever comes first; then its width and height are cut to even numbers. Above and below it lie
+ * runs over the whole width, left and right of it runs of its height. Without an inner run the rectangle is one run.
+ *
+ * Steps are not tested; with 16u dstStep is divided by 2 toward zero and bufferStep loses its lowest bit.
+ *
+ * Returns tolkStatusOk; tolkStatusNullPointer for a null src or dst; tolkStatusBadSize for W or H under 5;
+ * tolkStatusBadEnum for a grid above 3. The tests run in this order.
+ */
+/** 8 bits. */
+TOLK_API TolkStatus tolkDemosaicAHD_8u_C1C3R(const uint8_t* src, TolkRect srcRect, TolkSize srcSize, int32_t srcStep,
+                                             uint8_t* dst, int32_t dstStep, uint32_t grid, uint8_t* buffer,
+                                             int32_t bufferStep);
+/** 16 bits. */
+TOLK_API TolkStatus tolkDemosaicAHD_16u_C1C3R(const uint16_t* src, TolkRect srcRect, TolkSize srcSize, int32_t srcStep,
+                                              uint16_t* dst, int32_t dstStep, uint32_t grid, uint16_t* buffer,
+                                              int32_t bufferStep);
 
 #ifdef __cplusplus
 }

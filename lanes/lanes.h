@@ -329,23 +329,14 @@ LANE_OP Reg<T, L> chooseWords(Reg<T, L> a, Reg<T, L> b) {
 }
 
 // Every number moves up by one place; the last one of `before` comes first.
-template <int L>
-LANE_OP I16<L> shiftIn(I16<L> before, I16<L> now) {
-  if constexpr (L == 1) {
-    return I16<1>(_mm_alignr_epi8(now.bits(), before.bits(), 14));
-  } else {
-    const __m256i lower = _mm256_permute2x128_si256(before.bits(), now.bits(), 0x21);
-    return I16<2>(_mm256_alignr_epi8(now.bits(), lower, 14));
-  }
-}
-// The same of 32-bit samples.
 template <class T, int L>
-requires(sizeof(T) == 4) LANE_OP Reg<T, L> shiftIn(Reg<T, L> before, Reg<T, L> now) {
+LANE_OP Reg<T, L> shiftIn(Reg<T, L> before, Reg<T, L> now) {
+  constexpr int kUp = 16 - int{sizeof(T)};
   if constexpr (L == 1) {
-    return Reg<T, 1>(_mm_alignr_epi8(now.bits(), before.bits(), 12));
+    return Reg<T, 1>(_mm_alignr_epi8(now.bits(), before.bits(), kUp));
   } else {
     const __m256i lower = _mm256_permute2x128_si256(before.bits(), now.bits(), 0x21);
-    return Reg<T, 2>(_mm256_alignr_epi8(now.bits(), lower, 12));
+    return Reg<T, 2>(_mm256_alignr_epi8(now.bits(), lower, kUp));
   }
 }
 // The highest bits of a lane's bytes, those of the first byte highest.

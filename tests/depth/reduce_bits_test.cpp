@@ -350,7 +350,7 @@ TEST(ReduceBits, EveryWordAtEveryEntryOfTheMatrix) {
 
 TEST(ReduceBits, BufferIsNeededByItsMethods) {
   for (const harness::Subject& subject : harness::subjects()) {
-    if (!subject.function->has("buffer")) continue;
+    if (!subject.function->has("ditherType")) continue;
     const bool bits = subject.function->dst.sample == "1u";
     for (const uint32_t ditherType : {0, 1, 2, 3, 4})
       for (const uint32_t noise : {0, 1}) {

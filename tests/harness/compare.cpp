@@ -10,6 +10,7 @@
 #include <iterator>
 #include <limits>
 
+#include "harness/mosaic.h"
 #include "reference/power.h"
 #include "reference_declarations.h"
 
@@ -40,7 +41,7 @@ std::string describe(const Case& c) {
   constexpr const char* kContents[] = {"", ", zeros", ", ones", ", alternating", ", extremes"};
   return std::string(c.subject->function->name) + " " + std::to_string(c.roi.width) + "x" +
          std::to_string(c.roi.height) + ", src " + describe(c.src) + ", dst " + describe(c.dst) +
-         kContents[static_cast<int>(c.contents)];
+         kContents[static_cast<int>(c.contents)] + (c.variant ? ", variant " + std::to_string(c.variant) : "");
 }
 
 // Where a byte lies: a sample inside the rows, or its distance from the nearest row's start.
@@ -157,24 +158,30 @@ tolk::Call Images::call(const Case& c) const {
                   .coeffs = coeffsFor(f, c.roi),
                   .vMin = vMin,
                   .vMax = vMax};
-  if (f.has("buffer")) {
+  if (f.has("ditherType")) {
     setReduction(f, rotation(c), call);
     if (!scratch.planes().empty()) call.buffer = scratch.planes()[0].first;
+  }
+  if (demosaics(f)) {
+    setDemosaicing(c.variant, rotation(c), call);
+    if (!dst.planes().empty()) addressDestination(f, call);
+    if (!scratch.planes().empty()) addressRows(f, rotation(c), scratch, call);
   }
   return call;
 }
 
-// Of the least size, at any address or up to a guard page, and full of numbers that are none.
+// Of the least size, at any address or up to a guard page.
 void Images::layOutScratch(const Case& c) {
+  const tolk::Function& f = *c.subject->function;
   const tolk::Call settings = call(c);
+  if (f.has("bufferStep")) return layOutRows(f, rotation(c), settings, scratch);
   const auto n = static_cast<int>(rotation(c) % 96);
   uint32_t size = 0;
-  if (c.subject->function->has("buffer"))
+  if (f.has("ditherType"))
     reference::tolkReduceBitsGetBufferSize(1, static_cast<uint32_t>(c.roi.width), settings.noise, settings.ditherType,
                                            &size);
   scratch.layOut(std::vector<tolk::PlaneShape>(size ? 1 : 0, {size, 1, 1}), StepKind::Shared,
                  {.rows = Layout::Block, .alignment = n % 3 ? n % 32 : -1});
-  scratch.fill(Contents::Ones, 0);
 }
 
 // The planes of a source. One function reads, of the least image, a second row below its one row of chroma.
@@ -188,6 +195,10 @@ static std::vector<tolk::PlaneShape> sourceShapes(const tolk::Function& f, TolkS
 
 // The bits that a row of bits begins after belong to its first bytes.
 static std::vector<tolk::PlaneShape> destinationShapes(const tolk::Function& f, const tolk::Call& call) {
+  if (demosaics(f)) {
+    const TolkRectL written = writtenPixels(f, call);
+    return planeShapes(f.dst, {static_cast<int32_t>(written.width), static_cast<int32_t>(written.height)});
+  }
   return planeShapes(f.dst, {call.roi.width + call.dstBitOffset, call.roi.height});
 }
 
@@ -216,6 +227,8 @@ void Rig::fill(Images& images) const {
   } else {
     images.dst.fill(Contents::Random, ~seed_);
   }
+  // Rows of noise, or numbers that are none.
+  images.scratch.fill(f.has("bufferStep") ? Contents::Random : Contents::Ones, seed_);
 }
 
 void Rig::fillExpected() {
@@ -259,6 +272,13 @@ void Rig::acceptPowers() const {
   }
 }
 
+// Of scratch memory only what lies around and between its rows must stay.
+void Rig::acceptRows() const {
+  const Plane &got = tested.scratch.planes()[0], &want = expected.scratch.planes()[0];
+  for (int64_t y = 0; y < got.shape.rows; ++y)
+    std::memcpy(want.first + y * want.step, got.first + y * got.step, static_cast<size_t>(got.shape.rowBytes));
+}
+
 testing::AssertionResult Rig::run() const {
   const TolkStatus got = callTested(tested.call(case_)), want = callExpected(expected.call(case_));
   if (got != want) return testing::AssertionFailure() << describe(case_) << ": status " << got << ", want " << want;
@@ -271,6 +291,10 @@ testing::AssertionResult Rig::compare() const {
   std::vector<std::string> list;
   listDifferences(tested.dst, expected.dst, f.dst.sample, "dst", list);
   listDifferences(tested.src, expected.src, f.src.sample, "src", list);
+  if (!tested.scratch.planes().empty()) {
+    acceptRows();
+    listDifferences(tested.scratch, expected.scratch, "8u", "scratch", list);
+  }
   if (list.empty()) return testing::AssertionSuccess();
   auto result = testing::AssertionFailure() << describe(case_);
   for (const std::string& difference : list) result << "\n  " << difference;

@@ -12,7 +12,7 @@ struct Case {
   TolkSize roi;
   Layout src, dst;
   Contents contents = Contents::Random;
-  uint32_t variant = 0;  // of bit reduction: turns to other methods, noise and levels
+  uint32_t variant = 0;  // turns to other methods, noise and levels of bit reduction, and rectangles of a mosaic
 };
 std::string describe(const Case& c);
 
@@ -41,6 +41,7 @@ class Rig {
   const tolk::Function& function() const { return *case_.subject->function; }
   void fill(Images& images) const;
   void acceptPowers() const;
+  void acceptRows() const;
 
   Images highest_;  // what the greatest powers give, where `expected` has the least
   Case case_{};

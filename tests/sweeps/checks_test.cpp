@@ -4,6 +4,7 @@
 #include <limits>
 #include <utility>
 
+#include "harness/mosaic.h"
 #include "sweeps/all_functions.h"
 
 namespace {
@@ -32,7 +33,6 @@ void addSideFaults(const tolk::Function& f, const std::string& name, tolk::Side 
 }
 
 void addReductionFaults(const tolk::Function& f, std::vector<Fault>& faults) {
-  faults.push_back({"buffer null", [](tolk::Call& c) { c.buffer = nullptr; }, true});
   for (const uint32_t value : {1u, 2u, 4u, 5u, ~0u})
     if (value > 4 || f.dst.sample == "1u")
       faults.push_back({"ditherType " + std::to_string(value), [=](tolk::Call& c) { c.ditherType = value; }});
@@ -44,6 +44,19 @@ void addReductionFaults(const tolk::Function& f, std::vector<Fault>& faults) {
       faults.push_back({"levels " + std::to_string(value), [=](tolk::Call& c) { c.levels = value; }, value == 257});
 }
 
+void addDemosaicingFaults(const tolk::Function& f, std::vector<Fault>& faults) {
+  for (const uint32_t value : {4u, ~0u})
+    faults.push_back({"grid " + std::to_string(value), [=](tolk::Call& c) { c.grid = value; }});
+  for (const TolkRectL rect : {TolkRectL{0, 0, 0, 9}, {0, 0, 9, -1}, {INT32_MIN, INT32_MAX, 1, 1}})
+    faults.push_back({"no pixels", [=](tolk::Call& c) { c.rect = rect; }, true});
+  if (!f.name.ends_with("_L")) return;
+  constexpr int64_t kBeyond = int64_t{1} << 31, kFar = int64_t{1} << 32;
+  for (const TolkRectL rect : {TolkRectL{0, 0, kBeyond, 0}, {0, 0, 0, kBeyond}, {5, 5, kFar + 1, kFar + 1}})
+    faults.push_back({"rectangle beyond 31 bits", [=](tolk::Call& c) { c.rect = rect; }});
+  for (const TolkSizeL size : {TolkSizeL{kBeyond, 37}, {0, kFar + 37}, {37 - kFar, 37}, {37, 37 - kFar}})
+    faults.push_back({"mosaic size of 64 bits", [=](tolk::Call& c) { c.mosaic = size; }});
+}
+
 std::vector<Fault> argumentFaults(const tolk::Function& f) {
   std::vector<Fault> faults;
   if (!f.inPlace) addSideFaults(f, "src", &tolk::Call::src, faults);
@@ -52,7 +65,7 @@ std::vector<Fault> argumentFaults(const tolk::Function& f) {
     faults.push_back({"width " + std::to_string(value), [=](tolk::Call& c) { c.roi.width = value; }, value > 0});
     faults.push_back({"height " + std::to_string(value), [=](tolk::Call& c) { c.roi.height = value; }, value > 0});
   }
-  if (f.name.ends_with("_L"))  // positive where only the low half is looked at
+  if (f.has("roi") && f.name.ends_with("_L"))  // positive where only the low half is looked at
     for (const TolkSizeL size : {TolkSizeL{37 - (int64_t{1} << 32), 4}, TolkSizeL{37, INT64_MIN + 4}})
       faults.push_back({"size under 1 in 64 bits", [=](tolk::Call& c) { c.roiL = size; }});
   constexpr float kNan = std::numeric_limits<float>::quiet_NaN();
@@ -60,7 +73,9 @@ std::vector<Fault> argumentFaults(const tolk::Function& f) {
     for (const auto& [vMin, vMax] : {std::pair{0.5f, 0.5f}, {0.5f, 0.25f}, {kNan, 1.0f}, {0.0f, kNan}})
       faults.push_back({"range " + std::to_string(vMin) + " to " + std::to_string(vMax),
                         [low = vMin, high = vMax](tolk::Call& c) { c.vMin = low, c.vMax = high; }});
-  if (f.has("buffer")) addReductionFaults(f, faults);
+  if (f.has("buffer")) faults.push_back({"buffer null", [](tolk::Call& c) { c.buffer = nullptr; }, true});
+  if (f.has("ditherType")) addReductionFaults(f, faults);
+  if (harness::demosaics(f)) addDemosaicingFaults(f, faults);
   if (harness::takesNullCoeffs(f)) faults.push_back({"coeffs null", [](tolk::Call& c) { c.coeffs.reset(); }, true});
   if (f.family == "Colour twist") faults.push_back({"twist null", [](tolk::Call& c) { c.twist.reset(); }});
   return faults;
@@ -78,7 +93,8 @@ class Checks : public AllFunctions {
  protected:
   void check(const Fault& first, const Fault& second, uint32_t variant) {
     const harness::Subject& subject = GetParam();
-    const harness::Case valid{.subject = &subject, .roi = {37, 4}, .src = {}, .dst = {}, .variant = variant};
+    const int32_t height = harness::demosaics(*subject.function) ? 14 : 4;
+    const harness::Case valid{.subject = &subject, .roi = {37, height}, .src = {}, .dst = {}, .variant = variant};
     harness::Rig& rig = harness::sharedRig();
     rig.prepare(valid);
     tolk::Call tested = rig.tested.call(valid), expected = rig.expected.call(valid);
@@ -96,7 +112,7 @@ INSTANTIATE_TEST_SUITE_P(All, Checks, testing::ValuesIn(harness::subjects()), fu
 
 TEST_P(Checks, FaultsAloneAndInPairs) {
   const std::vector<Fault> faults = argumentFaults(*GetParam().function);
-  const uint32_t variants = GetParam().function->has("buffer") ? 10 : 1;  // every method, with and without noise
+  const uint32_t variants = GetParam().function->has("ditherType") ? 10 : 1;  // every method, with and without noise
   for (size_t i = 0; i < faults.size(); ++i)
     for (size_t j = i; j < faults.size(); ++j) {
       if (faults[i].maybe && faults[j].maybe) continue;

@@ -60,4 +60,21 @@ std::vector<PlaneShape> planeShapes(const SideInfo& side, TolkSize roi) {
   return planes;
 }
 
+static size_t scratchSize(const Function& function, Call& call) {
+  if (!function.has("buffer")) return 0;
+  if (function.has("bufferStep")) {
+    call.bufferStep = (call.roi.width + 6) * sampleBits(function.src.sample) / 8;
+    return size_t{30} * static_cast<size_t>(call.bufferStep);
+  }
+  uint32_t bytes = 0;
+  const uint32_t anyChannels = 1;
+  tolkReduceBitsGetBufferSize(anyChannels, static_cast<uint32_t>(call.roi.width), call.noise, call.ditherType, &bytes);
+  return bytes;
+}
+std::vector<uint8_t> scratchMemory(const Function& function, Call& call) {
+  std::vector<uint8_t> memory(scratchSize(function, call));
+  call.buffer = memory.data();
+  return memory;
+}
+
 }  // namespace tolk

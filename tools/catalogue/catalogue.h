@@ -39,11 +39,19 @@ struct Call {
   int32_t levels = 2, dstBitOffset = 0;
   uint8_t threshold = 127;
   void* buffer = nullptr;
+  // Of demosaicing: rows of scratch memory in `buffer`; the mosaic in `src` and its rectangle that `dst` begins with,
+  // both of `roi` if there are none; gains of blue, green and red, of which none are a null pointer.
+  int32_t bufferStep = 0;
+  std::optional<TolkSizeL> mosaic = {};
+  std::optional<TolkRectL> rect = {};
+  uint32_t grid = tolkGridRGGB;
+  int32_t reserved = -1;
+  std::optional<std::array<float, 3>> scale = {};
 };
 
 struct SideInfo {
   // "RGB", "YCbCr422"; "Color" has its channels in any order; "RGB565" and "Gray10" are 16-bit words, and no plain
-  // 16-bit samples
+  // 16-bit samples; "CFA" is a Bayer mosaic
   std::string_view space;
   std::string_view layout;  // "C3", "P2", "AC4"
   std::string_view sample;  // "8u", "32f"
@@ -87,5 +95,8 @@ ChromaGroup chromaGroup(const SideInfo& side);
 // The planes of an image of `roi` pixels; subsampled dimensions are rounded up, except where a tight side says
 // otherwise.
 std::vector<PlaneShape> planeShapes(const SideInfo& side, TolkSize roi);
+
+// Gives a call the scratch memory that the function asks for, by the settings that the call has.
+std::vector<uint8_t> scratchMemory(const Function& function, Call& call);
 
 }  // namespace tolk

@@ -33,9 +33,13 @@ def spaces(operation):
     match = SPACES.match(operation)
     if operation.startswith("ColorTwist"):
         return "Color", "Color"
+    if operation == "DemosaicAHD":
+        return "CFA", "RGB"
     if not match:
         return operation, operation
     source, target = match.groups()
+    if target == "BGRA":
+        return source, "BGR"
     if SUBSAMPLING.fullmatch(target):  # YCbCr422To420: the target keeps the source's colour space
         target = SUBSAMPLING.sub("", source) + target
     if source.endswith("v210"):  # six pixels in four words to one word of 5, 6 and 5 bits a pixel, or one of gray
@@ -60,10 +64,14 @@ def argument(kind, name, element_steps):
                 value += " / 4" if place == "src" else " / 2"
             return f"Steps<{element}>(c.{place})" if array else f"static_cast<{element}>({value})"
         return f"Planes<{element}>(c.{place})" if array else f"static_cast<{element}*>(c.{place}.plane[{index}])"
+    if name == "srcRect":
+        return f"rectangle<{kind}>(c)"
+    if name == "srcSize":
+        return f"mosaicSize<{kind}>(c)"
     if kind == "TolkSizeL":
         return "wideSize(c)"
-    if name == "coeffs[3]":
-        return f"Weights<{kind.replace('const ', '')}>(c.coeffs)"
+    if name in ("coeffs[3]", "scale[3]"):
+        return f"Weights<{kind.replace('const ', '')}>(c.{name[:-3]})"
     if name.startswith("twist["):
         return "Matrix(c.twist)"
     if name.startswith("unused"):
@@ -109,11 +117,14 @@ def functions(header):
         source, target = spaces(part["operation"])
         v210 = source.endswith("v210")
         tight = not any("Step" in label for kind, label in declared["parameters"])
+        target_layout = "C1" if v210 else part["dstLayout"] or part["srcLayout"]
+        if part["variants"] == "_VNG":  # the fourth sample is not computed
+            target_layout = "AC4"
         yield {
             **declared, "operation": part["operation"], "variant": part["variants"].strip("_"),
             "inPlace": bool(part["inPlace1"] or part["inPlace2"]), "elementSteps": v210,
             "src": {"space": source, "layout": part["srcLayout"], "sample": part["srcType"], "tight": tight},
-            "dst": {"space": target, "layout": "C1" if v210 else part["dstLayout"] or part["srcLayout"],
+            "dst": {"space": target, "layout": target_layout,
                     "sample": part["dstType"] or part["srcType"], "tight": tight}}
 
 

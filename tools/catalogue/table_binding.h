@@ -29,10 +29,26 @@ struct Steps {
 
 inline TolkSizeL wideSize(const Call& call) { return call.roiL.value_or(TolkSizeL{call.roi.width, call.roi.height}); }
 
+template <class Size>
+Size mosaicSize(const Call& call) {
+  using Number = decltype(Size::width);
+  const TolkSizeL size = call.mosaic.value_or(TolkSizeL{call.roi.width, call.roi.height});
+  return {static_cast<Number>(size.width), static_cast<Number>(size.height)};
+}
+
+template <class Rect>
+Rect rectangle(const Call& call) {
+  using Number = decltype(Rect::x);
+  const TolkRectL rect = call.rect.value_or(TolkRectL{0, 0, call.roi.width, call.roi.height});
+  return {static_cast<Number>(rect.x), static_cast<Number>(rect.y), static_cast<Number>(rect.width),
+          static_cast<Number>(rect.height)};
+}
+
 // Missing weights are a null pointer.
 template <class T>
 struct Weights {
-  explicit Weights(const std::optional<std::array<double, 3>>& weights) : missing(!weights) {
+  template <class Number>
+  explicit Weights(const std::optional<std::array<Number, 3>>& weights) : missing(!weights) {
     for (size_t i = 0; i < value.size() && weights; ++i) value[i] = static_cast<T>((*weights)[i]);
   }
   operator const T*() const { return missing ? nullptr : value.data(); }

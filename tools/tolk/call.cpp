@@ -37,6 +37,7 @@ double callFunction(const Function& function, RawImage& src, RawImage& dst, cons
   Call call = {src.side(), dst.side(), src.size, arguments.alpha};
   call.coeffs = arguments.coeffs;
   call.vMin = arguments.vMin, call.vMax = arguments.vMax;
+  const std::vector<uint8_t> scratch = scratchMemory(function, call);
   std::vector<double> seconds;
   TolkStatus status = tolkStatusOk;
   for (int i = 0; i < times && status >= 0; ++i) {

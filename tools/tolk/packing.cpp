@@ -151,8 +151,8 @@ RawImage repacked(RawImage from, const SideInfo& to, uint8_t alpha) {
 }
 
 bool servesImages(const SideInfo& info) {
-  constexpr std::string_view kSpaces[] = {"RGB", "BGR", "Color", "Gray", "Gray10",   "XYZ",     "Lab",
-                                          "LUV", "HLS", "HSV",   "YCC",  "GammaFwd", "GammaInv"};
+  constexpr std::string_view kSpaces[] = {"RGB", "BGR", "Color", "Gray", "Gray10",   "XYZ",      "Lab",
+                                          "LUV", "HLS", "HSV",   "YCC",  "GammaFwd", "GammaInv", "CFA"};
   constexpr std::string_view kSamples[] = {"8u", "16u", "16s", "32f", "64f"};
   auto has = [](const auto& names, std::string_view name) {
     return std::find(std::begin(names), std::end(names), name) != std::end(names);
