@@ -1,4 +1,5 @@
-# Debian packages: `cpack` in the build folder writes libtolkcolor2022, libtolkcolor-dev, tolkcolor-tools, tolkcolor-doc.
+# Debian packages: `cpack` in the build folder writes libtolkcolor2022, libtolkcolor-dev, tolkcolor-tools, tolkcolor-doc
+# and python3-tolkcolor.
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_CONTACT "TolkColor developers <tolkcolor@example.org>")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "") # each package has its own
@@ -58,10 +59,21 @@ set(CPACK_DEBIAN_DOC_DESCRIPTION "image colour conversion, exact to the bit - do
 The guide to the library TolkColor, the reference of its functions, and
 examples.")
 
+set(CPACK_DEBIAN_PYTHON_PACKAGE_NAME python3-tolkcolor)
+set(CPACK_DEBIAN_PYTHON_PACKAGE_SECTION python)
+set(CPACK_DEBIAN_PYTHON_PACKAGE_ARCHITECTURE all)
+set(CPACK_DEBIAN_PYTHON_PACKAGE_DEPENDS "libtolkcolor${PROJECT_VERSION_MAJOR} (>= ${PROJECT_VERSION}), python3:any, python3-numpy")
+set(CPACK_DEBIAN_PYTHON_DESCRIPTION "image colour conversion, exact to the bit - Python module
+Every function of the library TolkColor over NumPy arrays, and conversions
+by the names of formats.")
+
 include(CPack)
 foreach(component IN ITEMS runtime dev doc)
   cpack_add_component(${component})
 endforeach()
+if(TOLK_PYTHON)
+  cpack_add_component(python)
+endif()
 if(TOLK_TOOLS)
   cpack_add_component(tools)
 endif()

@@ -19,7 +19,7 @@ for run in first second; do
 done
 diff <(cd first && sha256sum ./*.deb) <(cd second && sha256sum ./*.deb) || fail "two runs, different packages"
 packages=(first/*.deb)
-((${#packages[@]} == 4)) || fail "not four packages: ${packages[*]}"
+((${#packages[@]} == 5)) || fail "not five packages: ${packages[*]}"
 # The binaries in every package: no path of the build, and what they need is declared.
 root=(--allow-root)
 lintian "${root[@]}" --fail-on error,warning --suppress-tags bad-distribution-in-changes-file "${packages[@]}" ||
@@ -33,13 +33,13 @@ if ((EUID == 0)) && [[ ${CI-} == true ]]; then
   apt=(apt-get -o DPkg::Lock::Timeout=300 -qq -y)
   DEBIAN_FRONTEND=noninteractive "${apt[@]}" install --no-install-recommends "${packages[@]/#/./}" >apt.log 2>&1 </dev/null ||
     { cat apt.log; exit 1; }
-  trap '"${apt[@]}" purge libtolkcolor2022 libtolkcolor-dev tolkcolor-tools tolkcolor-doc >/dev/null 2>&1 </dev/null' EXIT
+  trap '"${apt[@]}" purge libtolkcolor2022 libtolkcolor-dev tolkcolor-tools tolkcolor-doc python3-tolkcolor >/dev/null 2>&1 </dev/null' EXIT
   ldconfig -p | grep -q 'libtolkcolor.so.2022 .*glibc-hwcaps\|libtolkcolor.so.2022 ' || fail "ldconfig does not know it"
 else
   tree=$work/tree
   for package in "${packages[@]}"; do dpkg-deb -x "$package" "$tree"; done
   folder=$(dirname "$(find "$tree/usr/lib" -name tolkcolor.pc)")/..
-  export LD_LIBRARY_PATH=$folder PKG_CONFIG_PATH=$folder/pkgconfig
+  export LD_LIBRARY_PATH=$folder PKG_CONFIG_PATH=$folder/pkgconfig PYTHONPATH=$tree/usr/lib/python3/dist-packages
 fi
 PATH=$tree/usr/bin:$PATH
 [[ $(command -v tolk) == "$tree/usr/bin/tolk" ]] || fail "another tolk"
@@ -47,6 +47,7 @@ tolk version | grep -q "$tree/usr/lib/.*libtolkcolor.so.2022" || fail "the tool 
 # shellcheck disable=SC2046
 cc "$example" $(pkg-config --cflags --libs tolkcolor) -o example
 ./example | grep -qx '153 99 153 -> 199 151 101' || fail "the example's result"
+/usr/bin/python3 -B -c 'import tolkcolor; assert tolkcolor.tolkGetLibVersion().versionMajor == 2022' || fail "Python"
 for name in man1/tolk man1/tolk-convert man3/tolkcolor-hls man3/tolkRGBToHLS_8u_C3R; do
   [[ -s $tree/usr/share/man/$name.${name:3:1}.gz ]] || fail "no page $name"
 done
