@@ -1,5 +1,6 @@
 // Homogeneity-directed demosaicing: any rectangle of a Bayer mosaic to RGB.
 #include "demosaic/ahd_strip.h"
+#include "demosaic/mosaic.h"
 #include "frame/checks.h"
 
 using namespace tolk;
@@ -7,16 +8,9 @@ using ahd::Rectangle;
 
 namespace {
 
-struct GridTest {
-  uint32_t grid;
-  TolkStatus fault() const { return grid > tolkGridGRBG ? tolkStatusBadEnum : tolkStatusOk; }
-};
-
 // Parities of the red sites' coordinates.
 struct Grid {
-  explicit Grid(uint32_t grid)
-      : redColumns(grid == tolkGridBGGR || grid == tolkGridGRBG),
-        redRows(grid == tolkGridBGGR || grid == tolkGridGBRG) {}
+  explicit Grid(uint32_t grid) : redColumns(redColumn(grid)), redRows(redRow(grid)) {}
   bool hasRedColumn(ptrdiff_t x) const { return (x & 1) == redColumns; }
   bool hasRedRow(ptrdiff_t y) const { return (y & 1) == redRows; }
   // The first column from x on that has the colour sites of row y.
@@ -28,25 +22,23 @@ struct Grid {
   int redColumns, redRows;
 };
 
-// A coordinate outside, reflected at the first or the last one, which is not repeated.
-ptrdiff_t reflected(ptrdiff_t at, ptrdiff_t size) {
-  const ptrdiff_t last = size - 1, inside = (at < 0 ? -at : at) % (2 * last);
-  return std::min(inside, 2 * last - inside);
-}
-
 template <class T>
-struct Mosaic {
-  // The sites x to x + count - 1 of row y, reflected outside the mosaic.
+struct MirroredMosaic {
+  static constexpr ptrdiff_t kSize = sizeof(T);
+
+  // The sites x to x + count - 1 of row y.
   void copyRow(ptrdiff_t y, ptrdiff_t x, ptrdiff_t count, T* to) const {
-    const uint8_t* row = base + reflected(y, size.height) * step;
-    const ptrdiff_t first = std::clamp<ptrdiff_t>(-x, 0, count), end = std::clamp<ptrdiff_t>(size.width - x, 0, count);
+    const uint8_t* row = rowAt(y);
     auto copy = [&](ptrdiff_t at, ptrdiff_t from, ptrdiff_t sites) {
-      std::memcpy(to + at, row + from * ptrdiff_t{sizeof(T)}, static_cast<size_t>(sites) * sizeof(T));
+      std::memcpy(to + at, row + from * kSize, static_cast<size_t>(sites * kSize));
     };
-    for (ptrdiff_t i = 0; i < first; ++i) copy(i, reflected(x + i, size.width), 1);
+    const ptrdiff_t first = std::clamp<ptrdiff_t>(-x, 0, count), end = std::clamp<ptrdiff_t>(size.width - x, 0, count);
+    for (ptrdiff_t i = 0; i < first; ++i) copy(i, mirrored(x + i, size.width), 1);
     copy(first, x + first, end - first);
-    for (ptrdiff_t i = end; i < count; ++i) copy(i, reflected(x + i, size.width), 1);
+    for (ptrdiff_t i = end; i < count; ++i) copy(i, mirrored(x + i, size.width), 1);
+    fetchAhead<false>(rowAt(y + 1) + (x + first) * kSize, (end - first) * kSize);
   }
+  const uint8_t* rowAt(ptrdiff_t y) const { return base + mirrored(y, size.height) * step; }
 
   const uint8_t* base;
   ptrdiff_t step;
@@ -55,33 +47,32 @@ struct Mosaic {
 
 template <class T>
 struct Pixels : PackedTarget<RGB3, T, Keep> {
-  auto rowAt(ptrdiff_t y, ptrdiff_t x) const {
+  // Row y from column x on, of which `count` are written; more rows follow.
+  auto rowAt(ptrdiff_t y, ptrdiff_t x, ptrdiff_t count, bool more) const {
     auto row = this->row(y);
     row.base = row.at(x);
+    if (more) fetchAhead<true>(row.base + this->step, count * row.kPixelBytes);
     return row;
   }
 };
 
 // Strips of columns whose rows stay in the nearest cache, in bands of rows whose decisions pass from strip to strip.
 template <class T>
-void convert(const Rectangle& region, const Rectangle& inner, const Mosaic<T>& mosaic, Grid grid,
+void convert(const Rectangle& region, const Rectangle& inner, const MirroredMosaic<T>& mosaic, Grid grid,
              const Pixels<T>& pixels) {
   using Strip = ahd::Strip<T>;
   constexpr ptrdiff_t kBand = 1024;
-  const ptrdiff_t strips = (region.width + Strip::kPixels - 1) / Strip::kPixels,
-                  width = (region.width + strips - 1) / strips;
   Strip strip;
   for (ptrdiff_t top = 0; top < region.height; top += kBand) {
     ahd::Decision decisions[kBand] = {};
-    for (ptrdiff_t left = 0; left < region.width; left += width) {
+    const ptrdiff_t height = std::min(kBand, region.height - top);
+    for (ptrdiff_t left = 0; left < region.width; left += Strip::kPixels) {
       const ptrdiff_t x = region.x + left, y = region.y + top;
+      const ptrdiff_t width = std::min<ptrdiff_t>(Strip::kPixels, region.width - left);
       strip.run(
-          {std::min(width, region.width - left),
-           std::min(kBand, region.height - top),
-           {grid.kind(x, y), grid.kind(x, y + 1)},
-           {inner.x - x, inner.y - y, inner.width, inner.height}},
-          decisions, [&](ptrdiff_t j, ptrdiff_t i, ptrdiff_t count, T* to) { mosaic.copyRow(y + j, x + i, count, to); },
-          [&](ptrdiff_t j) { return pixels.rowAt(top + j, left); });
+          {width, height, {grid.kind(x, y), grid.kind(x, y + 1)}, inner.from(x, y)}, decisions,
+          [&](ptrdiff_t j, ptrdiff_t i, ptrdiff_t count, T* to) { mosaic.copyRow(y + j, x + i, count, to); },
+          [&](ptrdiff_t j) { return pixels.rowAt(top + j, left, width, j + 1 < height); });
     }
   }
 }
@@ -105,11 +96,11 @@ Rectangle innerRun(TolkRect rect, const Rectangle& region, TolkSize size, Grid g
 template <class T>
 TolkStatus demosaic(const T* src, TolkRect srcRect, TolkSize srcSize, int32_t srcStep, T* dst, ptrdiff_t dstStep,
                     uint32_t gridCode) {
-  if (auto fault = check(pointers(src, dst), size(srcSize, {5, 5}), GridTest{gridCode})) return fault;
+  if (auto fault = check(pointers(src, dst), size(srcSize, {5, 5}), gridTest(gridCode))) return fault;
   const Rectangle all = trimmed(srcRect, srcSize);
   if (all.isEmpty()) return tolkStatusOk;
   const Grid grid(gridCode);
-  const Mosaic<T> mosaic = {reinterpret_cast<const uint8_t*>(src), srcStep, srcSize};
+  const MirroredMosaic<T> mosaic = {reinterpret_cast<const uint8_t*>(src), srcStep, srcSize};
   const Pixels<T> pixels = {{reinterpret_cast<uint8_t*>(dst), dstStep, {}}};
   convert(all, innerRun(srcRect, all, srcSize, grid), mosaic, grid, pixels);
   return tolkStatusOk;

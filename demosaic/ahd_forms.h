@@ -133,10 +133,14 @@ LANE_OP auto tones(auto r, auto g, auto b) {
                fl(112 * r - 94 * g - 18 * b + 128, 256)};
 }
 
-// Bytes are weighted in pairs, red and some of green, blue and the rest of it, whose sums stay in 16 bits. Chroma is
-// raised by 112 to be unsigned.
+// A pair of weighted bytes whose sum would leave its 16 bits would be limited to them.
+constexpr bool pairFits(int a, int b) {
+  return 255 * (std::max(a, 0) + std::max(b, 0)) <= INT16_MAX && 255 * (std::min(a, 0) + std::min(b, 0)) >= INT16_MIN;
+}
+// Bytes are weighted in pairs, red and some of green, blue and the rest of it. Chroma is raised by 112 to be unsigned.
 template <int R, int SomeG, int B, int RestOfG, int L>
 LANE_OP I16<L> toneOf(U8<L> rg, U8<L> bg, int raised) {
+  static_assert(pairFits(R, SomeG) && pairFits(B, RestOfG));
   auto weights = [](int even, int odd) __attribute__((always_inline)) {
     return as<int8_t>(I16<L>::splat(static_cast<int16_t>(odd * 256 + (even & 255))));
   };
@@ -177,8 +181,10 @@ LANE_OP auto tonesOf(Reg<T, L> r, Reg<T, L> g, Reg<T, L> b) {
 
 // ---- Contrast of two neighbours ----
 
-// The colour distance is lowered by half of its range, to be a signed number: below 2^16 for bytes, of 32 bits that
-// wrap around for words.
+// The colour distance is below 2^16 for bytes; of words it is a number of 32 bits that wraps around, here 2^31 lower to
+// be signed.
+template <class T>
+using DistanceOf = std::conditional_t<sizeof(T) == 1, uint16_t, int32_t>;
 template <class Amounts, class Distances>
 struct Contrast {
   Amounts luma;
@@ -196,22 +202,22 @@ LANE_OP U16<L> apartBy(I16<L> a, I16<L> b) {
   return as<uint16_t>(larger(a, b) - smaller(a, b));
 }
 template <int L>
-LANE_OP Halves<int16_t, L> distance(U8<L> u, U8<L> v) {
+LANE_OP Halves<uint16_t, L> distance(U8<L> u, U8<L> v) {
   auto ofHalf = [](I16<L> du, I16<L> dv) __attribute__((always_inline)) {
-    return mulLow(du, du) + mulLow(dv, dv) - I16<L>::splat(-32768);
+    return as<uint16_t>(mulLow(du, du) + mulLow(dv, dv));
   };
   return {ofHalf(widenLow(u), widenLow(v)), ofHalf(widenHigh(u), widenHigh(v))};
 }
+// Lowered by a multiple of 65536.
 template <int L>
-LANE_OP Halves<int32_t, L> square(U16<L> a) {
-  const auto low = as<uint16_t>(mulLow(as<int16_t>(a), as<int16_t>(a))), high = mulHigh(a, a);
+LANE_OP Halves<int32_t, L> square(U16<L> a, int lowered) {
+  const auto low = as<uint16_t>(mulLow(as<int16_t>(a), as<int16_t>(a))), high = mulHigh(a, a) - lowered;
   return {as<int32_t>(interleaveLow<2>(low, high)), as<int32_t>(interleaveHigh<2>(low, high))};
 }
 template <int L>
 LANE_OP Halves<int32_t, L> distance(U16<L> u, U16<L> v) {
-  const auto uu = square(u), vv = square(v);
-  const auto half = I32<L>::splat(INT32_MIN);
-  return {uu.low + vv.low - half, uu.high + vv.high - half};
+  const auto uu = square(u, 0), vv = square(v, 32768);
+  return {uu.low + vv.low, uu.high + vv.high};
 }
 template <class T, class Number>
 LANE_OP auto contrast(Tones<Number> a, Tones<Number> b) {
@@ -220,8 +226,8 @@ LANE_OP auto contrast(Tones<Number> a, Tones<Number> b) {
 template <class T>
 LANE_OP Contrast<int, int> contrast(Tones<int> a, Tones<int> b) {
   const auto du = static_cast<uint32_t>(a.u - b.u), dv = static_cast<uint32_t>(a.v - b.v);
-  constexpr uint32_t kHalf = sizeof(T) == 1 ? 32768 : 1U << 31;
-  return {std::abs(a.luma - b.luma), static_cast<int>(du * du + dv * dv - kHalf)};
+  constexpr uint32_t kLowered = sizeof(T) == 1 ? 0 : 1U << 31;
+  return {std::abs(a.luma - b.luma), static_cast<int>(du * du + dv * dv - kLowered)};
 }
 
 template <class A, class D>
@@ -235,12 +241,19 @@ LANE_OP Contrast<A, D> smaller(Contrast<A, D> a, Contrast<A, D> b) {
   return {smaller(a.luma, b.luma), smaller(a.chroma, b.chroma)};
 }
 
+// Not 0 where a is above the limit.
+template <int L>
+LANE_OP U8<L> above(Halves<uint16_t, L> a, Halves<uint16_t, L> limit) {
+  return narrowSigned(as<int16_t>(subLimited(a.low, limit.low)), as<int16_t>(subLimited(a.high, limit.high)));
+}
+template <int L>
+LANE_OP U16<L> above(Halves<int32_t, L> a, Halves<int32_t, L> limit) {
+  return as<uint16_t>(narrow(greater(a.low, limit.low), greater(a.high, limit.high)));
+}
 // -1 where neither part of the contrast is above the limit's, else 0.
 template <class T, class D, int L>
 LANE_OP auto within(Contrast<Reg<T, L>, Halves<D, L>> a, Contrast<Reg<T, L>, Halves<D, L>> limit) {
-  const auto chroma =
-      narrowMasks(Halves{greater(a.chroma.low, limit.chroma.low), greater(a.chroma.high, limit.chroma.high)});
-  return as<std::make_signed_t<T>>(isZero(subLimited(a.luma, limit.luma) | chroma));
+  return as<std::make_signed_t<T>>(isZero(subLimited(a.luma, limit.luma) | above(a.chroma, limit.chroma)));
 }
 LANE_OP int within(Contrast<int, int> a, Contrast<int, int> limit) {
   return a.luma <= limit.luma && a.chroma <= limit.chroma ? -1 : 0;
@@ -260,12 +273,12 @@ class Decision {
  public:
   template <class T, int L>
   LANE_OP Reg<T, L> operator()(Reg<T, L> sum, Reg<T, L> linked, ptrdiff_t count) {
-    const uint32_t tied = bitsOf(isZero(sum) & linked), below = bitsOf(greater(Reg<T, L>::splat(0), sum));
+    const uint32_t tied = maskBits(isZero(sum) & linked), below = maskBits(greater(Reg<T, L>::splat(0), sum));
     // A carry runs through the ties that follow a set bit.
     const uint32_t begun = (below << 1 | last_) & tied;
     const uint32_t taken = below | (tied & ~(tied + begun));
     last_ = taken >> (count * ptrdiff_t{sizeof(T)} - 1) & 1;
-    return maskOf<T, L>(taken);
+    return maskOfBits<T, L>(taken);
   }
   bool operator()(int sum, int linked, ptrdiff_t) {
     if (sum != 0 || linked == 0) last_ = sum < 0;

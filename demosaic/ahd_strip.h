@@ -24,6 +24,7 @@ struct StripRow {
 struct Rectangle {
   ptrdiff_t x, y, width, height;
   bool isEmpty() const { return width < 1 || height < 1; }
+  Rectangle from(ptrdiff_t originX, ptrdiff_t originY) const { return {x - originX, y - originY, width, height}; }
 };
 
 // Of every second row: which columns have the colour sites, and whether these are red.
@@ -32,13 +33,14 @@ struct RowKind {
   bool red;
 };
 
-// Every step goes along a row of all columns, kMargin more on both sides than there are pixels. Row 0 of the strip is
-// kAbove rows above its first pixels, and each step some rows behind the one before it.
+// Each step goes along a row of the strip as soon as the rows are there that it takes from the steps before it. All go
+// over the same columns, kMargin more on both sides than there are pixels, in whole registers: what is made of columns
+// without sites stays in the margins. The rows fit the nearest cache.
 template <class T, int L = kLanes>
 class Strip {
  public:
-  static constexpr int kColumns = 288, kMargin = 4, kPixels = kColumns - 2 * kMargin;
-  static constexpr int kAbove = 5;
+  static constexpr int kColumns = 320 / int{sizeof(T)}, kMargin = 4, kPixels = kColumns - 2 * kMargin;
+  static constexpr int kReach = 5;  // sites that a pixel depends on, in every direction
 
   // Coordinates begin with the strip's pixels, of which `kinds` are those of the first two rows. At the sides of
   // `inner` decisions start anew.
@@ -48,21 +50,24 @@ class Strip {
     Rectangle inner;
   };
   // mosaicRow(y, x, count, to) copies sites x to x + count - 1 of row y, pixelRow(y) is where the pixels of row y go.
-  // decision[y] is that of the pixel left of row y.
+  // decision[y] is that of the
+  // pixel left of row y, then of its last one.
   void run(const Extent& extent, Decision* decision, auto mosaicRow, auto pixelRow) {
     const auto& [width, height, kinds, inner] = extent;
     end_ = width + 2 * kMargin;
-    kind_[kAbove % 2] = kinds[0];
-    kind_[1 - kAbove % 2] = kinds[1];
+    kind_[kReach % 2] = kinds[0];
+    kind_[1 - kReach % 2] = kinds[1];
     setLinks(inner, width);
-    for (ptrdiff_t i = 0; i < height + 2 * kAbove; ++i) {
-      mosaicRow(i - kAbove, -kAbove, width + 2 * kAbove, mosaic_[i].at(kMargin - kAbove));
-      if (i >= 4) findGreens(i - 2);
-      if (i >= 6) findColours(i - 3);
-      if (i >= 7) findHomogeneity(i - 4);
-      if (i < 10) continue;
-      const ptrdiff_t y = i - 10;
-      choosePixels(i - 5, width, links_[y >= inner.y && y < inner.y + inner.height], decision[y], pixelRow(y));
+    // From here on row 0 is the first one that the first pixels depend on.
+    for (ptrdiff_t y = 0; y < height + 2 * kReach; ++y) {
+      mosaicRow(y - kReach, -kReach, width + 2 * kReach, mosaic_[y].at(kMargin - kReach));
+      if (y >= 4) findGreens(y - 2);       // from the mosaic two rows up and down
+      if (y >= 6) findColours(y - 3);      // from the greens one row up and down
+      if (y >= 7) findHomogeneity(y - 4);  // from the colours up to one row down, and what is kept of the row above
+      if (y < 2 * kReach) continue;
+      const ptrdiff_t pixels = y - 2 * kReach;
+      const bool isInner = pixels >= inner.y && pixels < inner.y + inner.height;
+      choosePixels(y - kReach, width, links_[isInner], decision[pixels], pixelRow(pixels));
     }
   }
 
@@ -75,6 +80,7 @@ class Strip {
   enum { kH, kV };  // the row candidate and the column candidate
 
   static constexpr ptrdiff_t kStep = L > 0 ? 16 * L / int{sizeof(T)} : 1, kPairs = L > 0 ? kStep / 2 : 1;
+  static_assert(kColumns % kStep == 0);
   void eachStep(auto f) const {
     for (ptrdiff_t x = 0; x < end_; x += kStep) f(x);
   }
@@ -139,10 +145,10 @@ class Strip {
     });
   }
 
-  // Of each site with the one below. Register by register, in the order in which they come.
+  // Of each site with the one below.
   struct ContrastRows {
     Row<T> luma;
-    Row<Wide> chroma;
+    Row<DistanceOf<T>> chroma;
     LANE_OP void set(ptrdiff_t x, const auto& contrast) {
       setNumbers(luma.at(x), contrast.luma);
       setDistances(chroma.at(x), contrast.chroma);

@@ -22,10 +22,10 @@ inline bool inFrame(ptrdiff_t site, ptrdiff_t sites) { return site < kFrame || s
 constexpr int redColumn(uint32_t grid) { return grid == tolkGridBGGR || grid == tolkGridGRBG; }
 constexpr int redRow(uint32_t grid) { return grid == tolkGridBGGR || grid == tolkGridGBRG; }
 
-// The site itself, or its mirror image at the edge site; kept inside where a mirror image is outside, too.
+// The site itself or, outside, its mirror image at the edge site, as often as it takes.
 inline ptrdiff_t mirrored(ptrdiff_t site, ptrdiff_t sites) {
-  const ptrdiff_t inner = site < 0 ? -site : site;
-  return std::clamp(inner < sites ? inner : 2 * sites - 2 - inner, ptrdiff_t{0}, sites - 1);
+  const ptrdiff_t last = sites - 1, at = (site < 0 ? -site : site) % (2 * last);
+  return std::min(at, 2 * last - at);
 }
 
 struct GridTest {

@@ -70,8 +70,8 @@ class Strip {
   const uint8_t* samples(ptrdiff_t y) const { return mosaic_.row(y) + first_ * ptrdiff_t{sizeof(T)}; }
   // The samples and pixels of two rows later: runs are too short for the processor to foresee the next one.
   LANE_OP void fetchRows(ptrdiff_t y, const Row& dst) const {
-    fetchAhead(samples(y + 2), columns_ * ptrdiff_t{sizeof(T)});
-    fetchAhead(dst.at(0), columns_ * Row::kPixelBytes);
+    fetchAhead<false>(samples(y + 2), columns_ * ptrdiff_t{sizeof(T)});
+    fetchAhead<true>(dst.at(0), columns_ * Row::kPixelBytes);
   }
   bool isRed(ptrdiff_t y) const { return ((y ^ redRow(mosaic_.grid)) & 1) == 0; }
   // f(parity of the columns that are not green)

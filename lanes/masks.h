@@ -33,7 +33,7 @@ LANE_OP Reg<T, L> isZero(Reg<T, L> a) {
   return Reg<T, L>::of(a.v == Reg<T, L>::splat(0).v);
 }
 
-// The base class has these for signed words only.
+// The base class has signed words only.
 template <int L>
 LANE_OP U16<L> larger(U16<L> a, U16<L> b) {
   if constexpr (L == 1) {
@@ -74,7 +74,7 @@ template <class T, int L>
 LANE_OP Halves<T, L> smaller(Halves<T, L> a, Halves<T, L> b) {
   return {smaller(a.low, b.low), smaller(a.high, b.high)};
 }
-// Every number moves up by one place, as of registers.
+// As of registers: the numbers of a lane are those of `low`, then those of `high`.
 template <class T, int L>
 LANE_OP Halves<T, L> shiftIn(Halves<T, L> before, Halves<T, L> now) {
   constexpr int kUp = 16 - int{sizeof(T)};
@@ -87,29 +87,25 @@ LANE_OP Halves<T, L> shiftIn(Halves<T, L> before, Halves<T, L> now) {
             Reg<T, 2>(_mm256_alignr_epi8(now.high.bits(), now.low.bits(), kUp))};
   }
 }
+// Single numbers, a register of one.
 LANE_OP int shiftIn(int before, int) { return before; }
-
 LANE_OP int larger(int a, int b) { return a > b ? a : b; }
 LANE_OP int smaller(int a, int b) { return a < b ? a : b; }
 LANE_OP int choose(bool mask, int a, int b) { return mask ? a : b; }
 
-// Masks of wider numbers as those of the samples they belong to.
+// Limited to signed bytes: only 0 becomes 0, and a mask stays one.
 template <int L>
-LANE_OP U8<L> narrowMasks(Halves<int16_t, L> a) {
+LANE_OP U8<L> narrowSigned(I16<L> low, I16<L> high) {
   if constexpr (L == 1) {
-    return U8<L>(_mm_packs_epi16(a.low.bits(), a.high.bits()));
+    return U8<L>(_mm_packs_epi16(low.bits(), high.bits()));
   } else {
-    return U8<L>(_mm256_packs_epi16(a.low.bits(), a.high.bits()));
+    return U8<L>(_mm256_packs_epi16(low.bits(), high.bits()));
   }
-}
-template <int L>
-LANE_OP U16<L> narrowMasks(Halves<int32_t, L> a) {
-  return as<uint16_t>(narrow(a.low, a.high));
 }
 
 // A bit for each byte of a register, the first byte's lowest, and back.
 template <class T, int L>
-LANE_OP uint32_t bitsOf(Reg<T, L> mask) {
+LANE_OP uint32_t maskBits(Reg<T, L> mask) {
   if constexpr (L == 1) {
     return static_cast<uint32_t>(_mm_movemask_epi8(mask.bits()));
   } else {
@@ -117,7 +113,7 @@ LANE_OP uint32_t bitsOf(Reg<T, L> mask) {
   }
 }
 template <class T, int L>
-LANE_OP Reg<T, L> maskOf(uint32_t bits) {
+LANE_OP Reg<T, L> maskOfBits(uint32_t bits) {
   static constexpr Places kOwnByte[2] = {{{0, 0, 0, 0, 0, 0, 0, 0, 1, 1, 1, 1, 1, 1, 1, 1}},
                                          {{2, 2, 2, 2, 2, 2, 2, 2, 3, 3, 3, 3, 3, 3, 3, 3}}};
   const auto ownBit = U8<L>::of(reinterpret_cast<typename U8<L>::Vec>(Reg<uint64_t, L>::splat(0x8040201008040201).v));

@@ -158,9 +158,10 @@ LANE_OP void storeBytes(uint8_t* p, Reg<T, L> a, AllBytes<Stream>) {
     _mm_stream_si128(reinterpret_cast<__m128i*>(p + Stride), _mm256_extracti128_si256(a.bits(), 1));
   }
 }
-// Asks for memory that is soon read or written, where the processor would not by itself: at the start of a short run.
-LANE_OP void fetchAhead(const uint8_t* p, ptrdiff_t bytes) {
-  for (ptrdiff_t i = 0; i < bytes; i += 64) _mm_prefetch(reinterpret_cast<const char*>(p + i), _MM_HINT_T0);
+// Asks for memory that is soon read (written), where the processor would not by itself: at the start of a short run.
+template <bool Written>
+LANE_OP void fetchAhead(const void* p, ptrdiff_t bytes) {
+  for (ptrdiff_t i = 0; i < bytes; i += 64) __builtin_prefetch(static_cast<const char*>(p) + i, Written);
 }
 
 // Orders streamed stores before the stores that follow.
