@@ -66,9 +66,9 @@ static size_t scratchSize(const Function& function, Call& call) {
     call.bufferStep = (call.roi.width + 6) * sampleBits(function.src.sample) / 8;
     return size_t{30} * static_cast<size_t>(call.bufferStep);
   }
-  uint32_t bytes = 0;
-  const uint32_t anyChannels = 1;
-  tolkReduceBitsGetBufferSize(anyChannels, static_cast<uint32_t>(call.roi.width), call.noise, call.ditherType, &bytes);
+  uint32_t bytes = 0;  // stays so for arguments that the function itself refuses
+  const uint32_t anyChannels = 1, noise = function.has("noise") ? call.noise : 0;
+  tolkReduceBitsGetBufferSize(anyChannels, static_cast<uint32_t>(call.roi.width), noise, call.ditherType, &bytes);
   return bytes;
 }
 std::vector<uint8_t> scratchMemory(const Function& function, Call& call) {

@@ -24,7 +24,7 @@ struct Side {
 
 // One call of any function: every argument that some function takes.
 struct Call {
-  Side src, dst;
+  Side src = {}, dst = {};
   TolkSize roi{};
   double alpha = 0;      // a double holds the values of every sample type
   uint32_t stripe = 21;  // a whole picture
@@ -50,8 +50,8 @@ struct Call {
 };
 
 struct SideInfo {
-  // "RGB", "YCbCr422"; "Color" has its channels in any order; "RGB565" and "Gray10" are 16-bit words, and no plain
-  // 16-bit samples; "CFA" is a Bayer mosaic
+  // "RGB", "YCbCr422"; "Color" has its channels in any order, "Any" is whatever the caller has; "RGB565" and "Gray10"
+  // are 16-bit words, and no plain 16-bit samples; "CFA" is a Bayer mosaic
   std::string_view space;
   std::string_view layout;  // "C3", "P2", "AC4"
   std::string_view sample;  // "8u", "32f"

@@ -35,8 +35,8 @@ def spaces(operation):
         return "Color", "Color"
     if operation == "DemosaicAHD":
         return "CFA", "RGB"
-    if not match:
-        return operation, operation
+    if not match:  # one space: a chroma layout, or whatever the caller has
+        return (operation if SUBSAMPLING.search(operation) else "Any",) * 2
     source, target = match.groups()
     if target == "BGRA":
         return source, "BGR"

@@ -13,12 +13,27 @@ namespace tolk {
 
 namespace {
 
+constexpr int32_t kMaxDitheredWidth = 350'000'000;  // the size of the scratch memory has 32 bits
+
 void requireSteps(const Function& function, const RawImage& image) {
   if (function.name.ends_with("_L")) return;
   for (const PlaneShape& shape : image.shapes) {
     if (shape.rowBytes > std::numeric_limits<int32_t>::max()) {
       throw std::runtime_error("a row of " + std::to_string(shape.rowBytes) + " bytes is too long for a 32-bit step");
     }
+  }
+}
+
+// Tone mapping counts the bytes before a row in 32 bits.
+void requireOffsets(const Function& function, const RawImage& src) {
+  if (!function.operation.starts_with("ToneMap") || src.bytes.size() <= std::numeric_limits<int32_t>::max()) return;
+  throw std::runtime_error("tone mapping takes no more than 2 GiB of samples, got " + std::to_string(src.bytes.size()) +
+                           " bytes");
+}
+
+void requireScratch(const Function& function, const Call& call) {
+  if (function.has("ditherType") && call.roi.width > kMaxDitheredWidth) {
+    throw std::runtime_error("a row of " + std::to_string(call.roi.width) + " pixels is too long for bit reduction");
   }
 }
 
@@ -30,14 +45,13 @@ void report(const Function& function, TolkStatus status, bool strict) {
 
 }  // namespace
 
-double callFunction(const Function& function, RawImage& src, RawImage& dst, const Arguments& arguments, int times,
-                    bool strict) {
+double callFunction(const Function& function, RawImage& src, RawImage& dst, Call call, int times, bool strict) {
   requireSteps(function, src);
   requireSteps(function, dst);
-  Call call = {src.side(), dst.side(), src.size, arguments.alpha};
-  call.coeffs = arguments.coeffs;
-  call.vMin = arguments.vMin, call.vMax = arguments.vMax;
-  const std::vector<uint8_t> scratch = scratchMemory(function, call);
+  requireOffsets(function, src);
+  call.src = src.side(), call.dst = dst.side(), call.roi = src.size;
+  requireScratch(function, call);
+  const Bytes scratch = scratchMemory(function, call);
   std::vector<double> seconds;
   TolkStatus status = tolkStatusOk;
   for (int i = 0; i < times && status >= 0; ++i) {

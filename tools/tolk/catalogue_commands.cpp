@@ -8,6 +8,7 @@
 #include <iomanip>
 #include <iostream>
 #include <stdexcept>
+#include <utility>
 
 #include "commands.h"
 #include "lookup.h"
@@ -18,6 +19,25 @@ namespace tolk {
 namespace {
 
 constexpr TolkSize kExample = {451, 300};
+
+// Where tolk run has the arguments from that are no images.
+constexpr std::pair<std::string_view, std::string_view> kOrigins[] = {{"alpha", "--alpha"},
+                                                                      {"coeffs[3]", "--coeffs"},
+                                                                      {"vMin", "--vmin"},
+                                                                      {"vMax", "--vmax"},
+                                                                      {"twist[3][4]", "--twist"},
+                                                                      {"twist[4][4]", "--twist"},
+                                                                      {"noise", "--noise"},
+                                                                      {"ditherType", "--dither"},
+                                                                      {"levels", "--levels"},
+                                                                      {"threshold", "--threshold"},
+                                                                      {"dstBitOffset", "--bit-offset"},
+                                                                      {"grid", "--grid"},
+                                                                      {"scale[3]", "--gains"},
+                                                                      {"srcRect", "the whole mosaic"},
+                                                                      {"bufferStep", "as large as it has to be"},
+                                                                      {"buffer", "as large as it has to be"},
+                                                                      {"stripe", "21, a whole picture"}};
 
 bool matches(const std::string& pattern, std::string_view name) {
   if (pattern.find_first_of("*?[") != std::string::npos) {
@@ -37,6 +57,13 @@ void printIndented(std::string_view text) {
 
 void printItem(std::string_view title, std::string_view value) {
   std::cout << "  " << std::left << std::setw(13) << title << value << '\n';
+}
+
+std::string originOf(std::string_view parameter) {
+  for (const auto& [name, origin] : kOrigins) {
+    if (name == parameter) return "  (of tolk run: " + std::string(origin) + ")";
+  }
+  return "";
 }
 
 void printSide(std::string_view title, const SideInfo& side) {
@@ -69,10 +96,9 @@ void showFunction(const std::string& name) {
   std::cout << '\n';
   std::string_view title = "arguments";
   for (const Parameter& parameter : function.parameters) {
-    printItem(title, std::string(parameter.type) + " " + std::string(parameter.name));
+    printItem(title, std::string(parameter.type) + " " + std::string(parameter.name) + originOf(parameter.name));
     title = "";
   }
-  if (function.has("stripe")) printItem("", "(stripe is 21 in tolk run: the file is a whole picture)");
   printSide(function.inPlace ? "in place" : "source", function.src);
   if (!function.inPlace) printSide("destination", function.dst);
   std::cout << '\n' << function.family << "\n\n";

@@ -124,7 +124,7 @@ RawImage convert(RawImage image, const Route& route, uint8_t alpha) {
     image = repacked(std::move(image), step.src, alpha);
     RawImage dst(step.dst, image.size);
     if (step.dst.layout == "AC4") setAlpha(dst, alpha);
-    callFunction(*step.function, image, dst, {alpha / 255.0 * fullScale(sampleBits(step.dst.sample)), {}});
+    callFunction(*step.function, image, dst, {.alpha = alpha / 255.0 * fullScale(sampleBits(step.dst.sample))});
     image = std::move(dst);
   }
   return repacked(std::move(image), route.formats.back()->side, alpha);

@@ -44,6 +44,7 @@ constexpr Format kFormats[] = {
     {"ycc", "PhotoYCC", {"YCC", "C3", "8u"}},
     {"ycc16", "PhotoYCC", {"YCC", "C3", "16u"}},
     {"yccf", "PhotoYCC", {"YCC", "C3", "32f"}},
+    {"ycocg", "YCoCg", {"YCoCg", "P3", "8u"}},
     {"ycbcr444", "4:4:4", {"YCbCr", "C3", "8u"}},
     {"ycbcr444p", "4:4:4", {"YCbCr", "P3", "8u"}},
     {"yuyv", "4:2:2", {"YCbCr422", "C2", "8u"}},

@@ -30,7 +30,7 @@ Channel channelOf(Image& image, int index) {
 
 // Where an image's gray, red, green, blue or alpha channel lies in a side.
 Channel channelOf(RawImage& raw, int index) {
-  if (raw.info.space == "BGR" && index < 3) index = 2 - index;
+  if (raw.info.space.ends_with("BGR") && index < 3) index = 2 - index;
   const size_t sample = static_cast<size_t>(sampleBits(raw.info.sample)) / 8;
   const Side side = raw.side();
   const bool planar = raw.shapes.size() > 1;
@@ -40,7 +40,7 @@ Channel channelOf(RawImage& raw, int index) {
 }
 
 // Colour channels of whatever space.
-bool namesNoSpace(const SideInfo& side) { return side.space == "Color" || side.space.starts_with("Gamma"); }
+bool namesNoSpace(const SideInfo& side) { return side.space == "Color" || side.space == "Any"; }
 
 bool isFourChannels(std::string_view layout) { return layout == "C4" || layout == "AC4"; }
 
@@ -106,7 +106,7 @@ std::string label(const SideInfo& info) {
   return std::string(info.space) + " " + std::string(info.layout) + " " + std::string(info.sample);
 }
 
-bool holdsPixels(const SideInfo& side) { return side.space == "RGB" || side.space == "BGR"; }
+bool holdsPixels(const SideInfo& side) { return side.space == "RGB" || side.space.ends_with("BGR"); }
 
 bool isScalable(const SideInfo& side) { return (holdsPixels(side) || side.space == "Gray") && side.sample != "16s"; }
 
@@ -151,9 +151,9 @@ RawImage repacked(RawImage from, const SideInfo& to, uint8_t alpha) {
 }
 
 bool servesImages(const SideInfo& info) {
-  constexpr std::string_view kSpaces[] = {"RGB", "BGR", "Color", "Gray", "Gray10",   "XYZ",      "Lab",
-                                          "LUV", "HLS", "HSV",   "YCC",  "GammaFwd", "GammaInv", "CFA"};
-  constexpr std::string_view kSamples[] = {"8u", "16u", "16s", "32f", "64f"};
+  constexpr std::string_view kSpaces[] = {"RGB", "BGR", "SBGR", "Color", "Any", "Gray", "Gray10",
+                                          "XYZ", "Lab", "LUV",  "HLS",   "HSV", "YCC",  "CFA"};
+  constexpr std::string_view kSamples[] = {"1u", "8u", "16u", "16s", "32f", "64f"};
   auto has = [](const auto& names, std::string_view name) {
     return std::find(std::begin(names), std::end(names), name) != std::end(names);
   };
@@ -188,6 +188,10 @@ Image toImage(RawImage& raw) { return toImage(raw, imageChannels(raw.info)); }
 
 Image toImage(RawImage& raw, int channels) {
   Image image{raw.size.width, raw.size.height, channels, sampleBits(raw.info.sample), {}};
+  if (image.bits == 1) {
+    image.samples = unpackedBits(raw.bytes, image.width);
+    return image;
+  }
   image.allocate();
   for (int c = 0; c < image.channels; ++c) {
     copyChannel(channelOf(image, c), channelOf(raw, c), image.pixels(), image.sampleBytes());

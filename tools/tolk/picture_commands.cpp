@@ -2,12 +2,15 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstdio>
 #include <iomanip>
 #include <iostream>
 #include <stdexcept>
+#include <utility>
 
 #include "commands.h"
 #include "panel.h"
+#include "raw_files.h"
 #include "samples.h"
 
 namespace tolk {
@@ -29,6 +32,36 @@ void place(const Image& picture, Image& panel, int64_t left) {
       }
     }
   }
+}
+
+struct Part {
+  int32_t x, y;
+  TolkSize size;
+};
+
+Part parsePart(const std::string& words) {
+  Part part{};
+  char end = 0;
+  auto& [width, height] = part.size;
+  const int got = std::sscanf(words.c_str(), "%9dx%9d+%9d+%9d%c", &width, &height, &part.x, &part.y, &end);
+  if (got == 4 && width > 0 && height > 0 && part.x >= 0 && part.y >= 0) return part;
+  throw std::runtime_error("--crop takes WIDTHxHEIGHT+X+Y, such as 96x64+10+0, not " + words);
+}
+
+Image enlarged(const std::string& path, const Image& picture, const Part& part, int zoom) {
+  if (part.x > picture.width - part.size.width || part.y > picture.height - part.size.height) {
+    throw std::runtime_error(path + " has " + text({picture.width, picture.height}) + " pixels: the part to crop is " +
+                             "not all inside");
+  }
+  Image result{part.size.width * zoom, part.size.height * zoom, picture.channels, 8, {}};
+  result.allocate();
+  const auto pixel = static_cast<size_t>(picture.channels);
+  auto to = result.samples.begin();
+  for (int32_t y = 0; y < result.height; ++y) {
+    const uint8_t* row = picture.samples.data() + static_cast<size_t>(part.y + y / zoom) * picture.rowBytes();
+    for (int32_t x = 0; x < result.width; ++x) to = std::copy_n(row + size_t(part.x + x / zoom) * pixel, pixel, to);
+  }
+  return result;
 }
 
 struct Difference {
@@ -71,10 +104,16 @@ Image sideBySide(const std::vector<Image>& pictures, int gap) {
   return panel;
 }
 
-void makePanel(const std::string& out, const std::vector<std::string>& images, int gap) {
+void makePanel(const PanelOptions& options) {
+  const std::optional<Part> part = options.crop.empty() ? std::nullopt : std::optional(parsePart(options.crop));
   std::vector<Image> pictures;
-  for (const std::string& path : images) pictures.push_back(withBits(readImage(path), 8));
-  writeImage(out, sideBySide(pictures, gap));
+  for (const std::string& path : options.images) {
+    Image picture = withBits(readImage(path), 8);
+    const Part whole = {0, 0, {picture.width, picture.height}};
+    pictures.push_back(part || options.zoom > 1 ? enlarged(path, picture, part.value_or(whole), options.zoom)
+                                                : std::move(picture));
+  }
+  writeImage(options.out, sideBySide(pictures, options.gap));
 }
 
 void comparePictures(const std::string& first, const std::string& second) {

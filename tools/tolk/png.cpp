@@ -113,6 +113,7 @@ class PngWriter {
                  image_.bits, kColourTypes[image_.channels - 1], PNG_INTERLACE_NONE, PNG_COMPRESSION_TYPE_DEFAULT,
                  PNG_FILTER_TYPE_DEFAULT);
     png_write_info(png_, info_);
+    png_set_packing(png_);
     if constexpr (std::endian::native == std::endian::little) png_set_swap(png_);
     for (size_t y = 0; y < static_cast<size_t>(image_.height); ++y) {
       png_write_row(png_, image_.samples.data() + y * image_.rowBytes());

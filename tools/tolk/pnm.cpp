@@ -1,4 +1,4 @@
-// Binary PGM and PPM, and PFM for floating point.
+// Binary PBM, PGM and PPM, and PFM for floating point.
 #include <algorithm>
 #include <bit>
 #include <cctype>
@@ -6,6 +6,7 @@
 #include <stdexcept>
 
 #include "image_io.h"
+#include "samples.h"
 
 namespace tolk {
 
@@ -23,6 +24,19 @@ void swapRows(Image& image) {
   const auto row = static_cast<ptrdiff_t>(image.rowBytes());
   auto top = image.samples.begin(), bottom = image.samples.end() - row;
   for (; top < bottom; top += row, bottom -= row) std::swap_ranges(top, top + row, bottom);
+}
+
+size_t packedRow(const Image& image) { return (static_cast<size_t>(image.width) + 7) / 8; }
+
+// Of bits 1 is black in the file.
+Bytes packedInk(const Image& image) {
+  const size_t width = static_cast<size_t>(image.width);
+  Bytes packed(packedRow(image) * static_cast<size_t>(image.height));
+  for (size_t i = 0; i < image.samples.size(); ++i) {
+    uint8_t& byte = packed[i / width * packedRow(image) + i % width / 8];
+    byte = static_cast<uint8_t>(byte | (image.samples[i] ^ 1) << (7 - i % width % 8));
+  }
+  return packed;
 }
 
 class Header {
@@ -52,15 +66,24 @@ class Header {
     return scale < 0;
   }
 
-  void readSamples(Image& image) {
+  // The bits of the largest sample value.
+  int depth() {
+    const int32_t maximum = number();
+    for (int bits : {8, 10, 12, 14, 16}) {
+      if (maximum == (1 << bits) - 1) return bits;
+    }
+    throw std::runtime_error("the largest sample value is " + std::to_string(maximum) +
+                             "; only 255, 1023, 4095, 16383 and 65535 are read");
+  }
+
+  std::span<const uint8_t> samples(size_t expected) {
     if (!std::isspace(peek())) throw std::runtime_error("the PNM header does not end with a space");
     const auto samples = file_.subspan(at_ + 1);
-    const size_t expected = image.rowBytes() * static_cast<size_t>(image.height);
     if (samples.size() < expected) {
       throw std::runtime_error("the file ends early: expected " + std::to_string(expected) + " bytes of samples, got " +
                                std::to_string(samples.size()));
     }
-    image.samples.assign(samples.begin(), samples.begin() + static_cast<ptrdiff_t>(expected));
+    return samples.first(expected);
   }
 
  private:
@@ -83,20 +106,21 @@ class Header {
 
 Image decodePnm(std::span<const uint8_t> file) {
   Header header(file);
-  const bool real = file[1] == 'F' || file[1] == 'f';
+  const bool real = file[1] == 'F' || file[1] == 'f', bits = file[1] == '4';
   Image image;
   image.channels = file[1] == '6' || file[1] == 'F' ? 3 : 1;
   image.width = header.number();
   image.height = header.number();
-  const int32_t maximum = real ? 0 : header.number();
-  if (!real && maximum != 255 && maximum != 65535) {
-    throw std::runtime_error("the largest sample value is " + std::to_string(maximum) +
-                             "; only 255 and 65535 are read");
-  }
-  image.bits = real ? 32 : maximum == 255 ? 8 : 16;
+  image.bits = real ? 32 : bits ? 1 : header.depth();
   const bool little = real && header.scaleIsNegative();
   if (image.width == 0 || image.height == 0) throw std::runtime_error("the image has no pixels");
-  header.readSamples(image);
+  if (bits) {
+    image.samples = unpackedBits(header.samples(packedRow(image) * static_cast<size_t>(image.height)), image.width);
+    for (uint8_t& sample : image.samples) sample ^= 1;  // 1 is black
+    return image;
+  }
+  const auto samples = header.samples(image.rowBytes() * static_cast<size_t>(image.height));
+  image.samples.assign(samples.begin(), samples.end());
   if (little != kLittle) swapBytes(image);
   if (real) swapRows(image);
   return image;
@@ -104,19 +128,17 @@ Image decodePnm(std::span<const uint8_t> file) {
 
 Bytes encodePnm(const Image& image) {
   const bool real = image.bits == 32, colour = image.channels == 3;
-  const std::string header = std::string(real     ? (colour ? "PF" : "Pf")
-                                         : colour ? "P6"
-                                                  : "P5") +
-                             "\n" + std::to_string(image.width) + " " + std::to_string(image.height) + "\n" +
-                             (real              ? (kLittle ? "-1.0" : "1.0")
-                              : image.bits == 8 ? "255"
-                                                : "65535") +
-                             "\n";
-  Image swapped = image;
-  if (real) swapRows(swapped);
-  if (!real && kLittle) swapBytes(swapped);
+  const std::string_view magic = image.bits == 1 ? "P4" : real ? (colour ? "PF" : "Pf") : colour ? "P6" : "P5";
+  std::string header =
+      std::string(magic) + "\n" + std::to_string(image.width) + " " + std::to_string(image.height) + "\n";
+  if (real) header += kLittle ? "-1.0\n" : "1.0\n";
+  if (!real && image.bits > 1) header += std::to_string((1 << image.bits) - 1) + "\n";
+  Image stored = image;
+  if (image.bits == 1) stored.samples = packedInk(image);
+  if (real) swapRows(stored);
+  if (!real && kLittle) swapBytes(stored);
   Bytes file(header.begin(), header.end());
-  file.insert(file.end(), swapped.samples.begin(), swapped.samples.end());
+  file.insert(file.end(), stored.samples.begin(), stored.samples.end());
   return file;
 }
 

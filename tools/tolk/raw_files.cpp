@@ -2,6 +2,7 @@
 #include "raw_files.h"
 
 #include <charconv>
+#include <limits>
 #include <stdexcept>
 
 namespace tolk {
@@ -26,6 +27,11 @@ TolkSize parseSize(const std::string& words) {
 void requireSize(const std::string& path, TolkSize size, const std::string& words) {
   if (words.empty() || text(parseSize(words)) == text(size)) return;
   throw std::runtime_error(path + " has " + text(size) + " pixels, not " + words);
+}
+
+int32_t addColumns(int32_t width, int32_t more) {
+  if (width > std::numeric_limits<int32_t>::max() - more) throw std::runtime_error("too many columns");
+  return width + more;
 }
 
 RawImage readRaw(const std::string& path, const SideInfo& side, TolkSize size) {

@@ -14,6 +14,8 @@ TolkSize parseSize(const std::string& words);
 // Fails unless `words`, if any, are the size of the picture in the file.
 void requireSize(const std::string& path, TolkSize size, const std::string& words);
 
+int32_t addColumns(int32_t width, int32_t more);  // fails beyond 32 bits
+
 // The planes of a side, one after another, and nothing else.
 RawImage readRaw(const std::string& path, const SideInfo& side, TolkSize size);
 

@@ -189,7 +189,7 @@ out.png: this format cannot hold 32-bit RGB|convert six.ppm out.png --to labf
 the samples have 8 bits, but expected is Lab C3 16u|convert six.ppm out.png --from lab16
 the samples have 8 bits, but expected is Lab P3 64f|run tolkLabToRGB_64f_P3R six.ppm out.raw
 there is no function tolkRGBToLab_16u_C3R; near names:|run tolkRGBToLab_16u_C3R deep.ppm out.png
-tolkGammaFwd_8u_C3R takes no vMin and vMax|run tolkGammaFwd_8u_C3R six.ppm out.png --vmin 1
+tolkGammaFwd_8u_C3R takes no vMin|run tolkGammaFwd_8u_C3R six.ppm out.png --vmin 1
 --vmin and --vmax are of floating point, but the samples have 8 bits|gamma six.ppm out.png --vmax 2
 returned tolkStatusGammaRange (-49)|gamma one.pfm out.tiff --vmin 1
 returned tolkStatusGammaRange (-49)|run tolkGammaFwd_32f_C3R one.pfm out.tiff --vmax=nan

@@ -140,6 +140,7 @@ hls16 by tolkRGBToHLS_16u_C3R
 hlsf by tolkRGBToHLS_32f_C3R
 hsv by tolkRGBToHSV_8u_C3R
 hsv16 by tolkRGBToHSV_16u_C3R
+ycocg by tolkRGBToYCoCg_8u_C3P3R
 END
 say 0 "xyzf by tolkRGBToXYZ_32f_C3R" convert six.ppm six.xyzf
 say 0 "ycc by tolkRGBToYCC_8u_C3R" convert six.ppm six.ycc

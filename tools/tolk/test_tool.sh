@@ -93,7 +93,7 @@ tolkYCbCr411ToYCrCb420_8u_P2P3R 5x3 27 27
 tolkYCbCr1620To420_8u_P3R 8x4 36 48
 tolkYCbCr420ToYCbCr422_Filter_8u_P2C2R 4x4 24 32
 END
-say 0 "stripe is 21" info tolkYCbCr420ToYCbCr422_Filter_8u_P2C2R
+say 0 "stripe  (of tolk run: 21, a whole picture)" info tolkYCbCr420ToYCbCr422_Filter_8u_P2C2R
 bytes 000000000000000010122022 >low.i420  # this function reads chroma below a picture of two rows
 say 0 "" run tolkYCbCr420To411_8u_P3R low.i420 low.i411 --size 4x2
 holds low.i411 000000000000000010182010
@@ -136,7 +136,7 @@ head -c 60 all.png >cut.png
 head -c 300 all.jpg >cut.jpg
 say 1 "cannot read none.png: No such file" run "$toPlanes" none.png out.raw
 say 1 "cannot read .: Is a directory" run "$toPlanes" . out.raw --size 2x1
-say 1 "not a PNG, JPEG, TIFF, PFM or binary PGM" run "$toPlanes" words.png out.raw
+say 1 "not a PNG, JPEG, TIFF, HDR, PFM or binary PBM" run "$toPlanes" words.png out.raw
 say 1 "cut.png: a bad PNG image" run "$toPlanes" cut.png out.raw
 say 1 "cut.jpg: a bad JPEG image" run "$toPlanes" cut.jpg out.raw
 say 1 "short.ppm: the file ends early: expected 6 bytes of samples, got 3" run "$toPlanes" short.ppm out.raw

@@ -110,7 +110,7 @@ Image huesOf(const Image& image, bool saturationIsLast) {
     std::copy_n(pixel, 3, &hues.bytes[at]);
   }
   RawImage colours({"RGB", "C3", "8u"}, hues.size);
-  callFunction(requireFunction("tolkHSVToRGB_8u_C3R"), hues, colours, {});
+  callFunction(requireFunction("tolkHSVToRGB_8u_C3R"), hues, colours);
   return toImage(colours);
 }
 
