@@ -58,18 +58,11 @@ struct Pair {
 template <class Number>
 Pair(Number, Number) -> Pair<Number>;
 
-template <int L>
-LANE_OP Pair<I16<L>> inPairs(U8<L> a) {
-  return {evenBytes(a), oddBytes(a)};
-}
-template <int L>
-LANE_OP Pair<I32<L>> inPairs(U16<L> a) {
-  return {as<int32_t>(a) & I32<L>::splat(65535), as<int32_t>(shiftRight(as<uint32_t>(a), 16))};
-}
 template <int L, class T>
 LANE_OP auto pairsAt(const T* p) {
   if constexpr (L > 0) {
-    return inPairs(loadLanes<16, T, L>(p));
+    const auto samples = loadLanes<16, T, L>(p);
+    return Pair{evenSamples(samples), oddSamples(samples)};
   } else {
     return Pair<int>{p[0], p[1]};
   }
@@ -82,15 +75,9 @@ LANE_OP void setPairs(T* p, Pair<int> a) {
   p[0] = static_cast<T>(std::clamp(a.colour, 0, kMost));
   p[1] = static_cast<T>(std::clamp(a.green, 0, kMost));
 }
-template <int L>
-LANE_OP void setPairs(uint8_t* p, Pair<I16<L>> a) {
-  static constexpr Places kInTurn = {{0, 8, 1, 9, 2, 10, 3, 11, 4, 12, 5, 13, 6, 14, 7, 15}};
-  storeLanes<16>(p, pick(narrow(a.colour, a.green), everyLane<L>(kInTurn)));
-}
-template <int L>
-LANE_OP void setPairs(uint16_t* p, Pair<I32<L>> a) {
-  static constexpr Places kInTurn = {{0, 1, 8, 9, 2, 3, 10, 11, 4, 5, 12, 13, 6, 7, 14, 15}};
-  storeLanes<16>(p, pick(narrowUnsigned(a.colour, a.green), everyLane<L>(kInTurn)));
+template <class T, int L>
+LANE_OP void setPairs(T* p, Pair<Reg<WideOf<T>, L>> a) {
+  storeLanes<16>(p, wovenSamples(a.colour, a.green));
 }
 
 // ---- The candidates' colours ----
@@ -195,7 +182,7 @@ Contrast(Amounts, Distances) -> Contrast<Amounts, Distances>;
 
 template <int L>
 LANE_OP U8<L> apartBy(U8<L> a, U8<L> b) {
-  return larger(a, b) - smaller(a, b);
+  return tolk::distance(a, b);
 }
 template <int L>
 LANE_OP U16<L> apartBy(I16<L> a, I16<L> b) {

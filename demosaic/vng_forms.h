@@ -3,7 +3,6 @@
 
 #include <array>
 
-#include "lanes/floats.h"
 #include "lanes/integers.h"
 
 namespace tolk {
@@ -18,50 +17,40 @@ LANE_OP Number doubled(Number a) {
   return a + a;
 }
 
-// Of the directions that are kept, masks and their count.
+// Masks of the directions whose gradient is small enough to count.
 template <class Number>
-struct Kept {
-  using Mask = decltype(Number{} < Number{});
-
+class Kept {
+ public:
   LANE_OP explicit Kept(const Directions<Number>& gradient) {
     const auto [least, largest] = extremes(gradient);
-    const Number threshold = least + larger(fl(largest, 2), ofOne());
-    unrolled<kDirections>([&](auto d) __attribute__((always_inline)) { mask[d] = gradient[d] < threshold; });
+    const Number threshold = least + larger(fl(largest, 2), 1);
+    unrolled<kDirections>([&](auto d) __attribute__((always_inline)) { mask_[d] = gradient[d] < threshold; });
   }
-  // The sum of what the kept ones of the four directions from First on have.
-  template <int First>
-  LANE_OP Number sum(Number a, Number b, Number c, Number d) const {
-    return (onlyWhere(mask[First], a) + onlyWhere(mask[First + 1], b)) +
-           (onlyWhere(mask[First + 2], c) + onlyWhere(mask[First + 3], d));
-  }
+
+  // Sums over those that count, of the four straight directions and of the four others.
   LANE_OP Number straight(Number north, Number east, Number south, Number west) const {
     return sum<kNorth>(north, east, south, west);
   }
   LANE_OP Number diagonal(Number northEast, Number southEast, Number southWest, Number northWest) const {
     return sum<kNorthEast>(northEast, southEast, southWest, northWest);
   }
-  // How many of the four directions from First on are kept, negated, as masks add up.
+  // How many there are, negative since that is what masks add up to.
+  LANE_OP Number minusStraight() const { return minusCount<kNorth>(); }
+  LANE_OP Number minusDiagonal() const { return minusCount<kNorthEast>(); }
+
+ private:
+  template <int First>
+  LANE_OP Number sum(Number a, Number b, Number c, Number d) const {
+    return (onlyWhere(mask_[First], a) + onlyWhere(mask_[First + 1], b)) +
+           (onlyWhere(mask_[First + 2], c) + onlyWhere(mask_[First + 3], d));
+  }
   template <int First>
   LANE_OP Number minusCount() const {
-    return minusOnes(mask[First]) + minusOnes(mask[First + 1]) +
-           (minusOnes(mask[First + 2]) + minusOnes(mask[First + 3]));
-  }
-  LANE_OP static Number minusOnes(Mask a) {
-    if constexpr (std::is_same_v<Number, int>) {
-      return -int{a};
-    } else {
-      return a;
-    }
-  }
-  LANE_OP static Number ofOne() {
-    if constexpr (std::is_same_v<Number, int>) {
-      return 1;
-    } else {
-      return Number::splat(1);
-    }
+    return minusOne(mask_[First]) + minusOne(mask_[First + 1]) +
+           (minusOne(mask_[First + 2]) + minusOne(mask_[First + 3]));
   }
 
-  std::array<Mask, kDirections> mask;
+  std::array<decltype(Number{} < Number{}), kDirections> mask_;
 };
 
 // ---- a / (2 n) toward zero, for n of 1 to 8 and |a| up to 2 n times the largest sample ----
@@ -112,7 +101,7 @@ struct Missing {
 // Green, and the opposite colour. diamond(r, c): half of the sum of the four green neighbours.
 template <class Number>
 LANE_OP Missing<Number> colouredSite(const Kept<Number>& kept, const auto& at, const auto& diamond) {
-  const Number site = at(0, 0), minusN = kept.template minusCount<kNorth>() + kept.template minusCount<kNorthEast>();
+  const Number site = at(0, 0), minusN = kept.minusStraight() + kept.minusDiagonal();
   const auto mean = divider(minusN);
   // The site itself is part of each term.
   const Number same = kept.straight(at(-2, 0), at(0, 2), at(2, 0), at(0, -2)) +
@@ -129,8 +118,8 @@ LANE_OP Missing<Number> colouredSite(const Kept<Number>& kept, const auto& at, c
 // The colour of the neighbours in the row, and of those in the column.
 template <class Number>
 LANE_OP Missing<Number> greenSite(const Kept<Number>& kept, const auto& at) {
-  const Number site = at(0, 0), minusStraight = kept.template minusCount<kNorth>();
-  const auto mean = divider(minusStraight + kept.template minusCount<kNorthEast>());
+  const Number site = at(0, 0), minusStraight = kept.minusStraight();
+  const auto mean = divider(minusStraight + kept.minusDiagonal());
   const Number green = kept.straight(at(-2, 0), at(0, 2), at(2, 0), at(0, -2)) +
                        doubled(kept.diagonal(at(-1, 1), at(1, 1), at(1, -1), at(-1, -1))) -
                        product(site, minusStraight);

@@ -1,163 +1,141 @@
-// A strip of columns, row by row downwards: what neighbouring sites share is calculated once and kept in lines.
+// A strip of columns, converted row by row downwards.
 #pragma once
 
-#include "demosaic/mosaic.h"
-#include "demosaic/vng_forms.h"
-#include "frame/images.h"
+#include "demosaic/vng_lines.h"
 
 namespace tolk {
 
-// Numbers that hold gradients and sums of samples, and how memory keeps them.
-template <class T, int L>
-struct NumbersOf {
-  using Element = std::conditional_t<sizeof(T) == 1, int16_t, int32_t>;
-  using Number = Reg<Element, L>;
-  static constexpr int kCount = Number::kCount;
-  LANE_OP static Number load(const Element* p) { return loadLanes<16, Element, L>(p); }
-  LANE_OP static void store(Element* p, Number a) { storeLanes<16>(p, a); }
-};
-template <class T>
-struct NumbersOf<T, 0> {
-  using Element = int;
-  using Number = int;
-  static constexpr int kCount = 1;
-  static Number load(const Element* p) { return *p; }
-  static void store(Element* p, Number a) { *p = a; }
-};
-
-// One number a column, those of even columns apart from those of odd ones. Columns count from the strip's first; a
-// register has those of every other column from 2 i + c on.
-template <class T>
-class Columns {
-  using Element = typename NumbersOf<T, kLanes>::Element;
-  static constexpr int kAhead = 32 / sizeof(Element), kHalf = 256 / sizeof(Element);
-
- public:
-  static constexpr int kMost = 2 * kHalf - 2;  // so that there is a place for the gradients of the next one
-
-  template <int L>
-  LANE_OP auto load(ptrdiff_t i, int c) const {
-    return NumbersOf<T, L>::load(&at_[c & 1][kAhead + i + (c >> 1)]);
+// Gains of blue, green and red.
+struct Gains {
+  explicit Gains(const float* scale) {
+    if (scale) std::copy_n(scale, 3, of);
   }
-  template <int L>
-  LANE_OP void store(ptrdiff_t i, int c, typename NumbersOf<T, L>::Number a) {
-    NumbersOf<T, L>::store(&at_[c & 1][kAhead + i + (c >> 1)], a);
+  bool none() const { return of[0] == 1 && of[1] == 1 && of[2] == 1; }
+
+  float of[3] = {1, 1, 1};
+};
+
+// Values as they are: storing limits them.
+struct Ungained {
+  template <class T, class Number>
+  LANE_OP Number apply(Number value, int) const {
+    return value;
+  }
+};
+struct Gained {
+  template <class T>
+  LANE_OP auto product(auto value, int colour) const {
+    return rounded(smaller(larger(value * gains.of[colour], 0.0F), float{std::numeric_limits<T>::max()}));
+  }
+  template <class T, int L>
+  LANE_OP I16<L> apply(I16<L> value, int colour) const {
+    return narrow(product<T>(lowHalf(value), colour), product<T>(highHalf(value), colour));
+  }
+  template <class T, class Number>
+  LANE_OP Number apply(Number value, int colour) const {
+    return product<T>(asFloat(value), colour);
+  }
+
+  Gains gains;
+};
+
+// The interpolated sites of a strip of columns and of some rows; the target's pixel 0 is the strip's first.
+template <class T, class Gain>
+class Strip {
+ public:
+  using Row = typename PackedTarget<BGR4, T, Keep>::Row;
+
+  Strip(const Mosaic<T>& mosaic, Extent columns, Gain gain)
+      : mosaic_(mosaic), first_(columns.begin), columns_(columns.end - columns.begin), gain_(gain) {}
+
+  void convert(Extent rows, PackedTarget<BGR4, T, Keep> target) {
+    for (ptrdiff_t y = rows.begin - 2; y < rows.end + 2; ++y) {
+      std::rotate(row_, row_ + 1, row_ + 5);
+      if (y >= rows.begin && y < rows.end) fetchRows(samples(y + 2), target.row(y - rows.begin));
+      readRow(samples(y), columns_, *row_[4]);
+      if (y >= rows.begin) {
+        withParity(y - 1, [&](auto p) { measureRow<p>(columns_, *row_[2], *row_[3], *row_[4], carry_); });
+      }
+      if (y >= rows.begin + 2) {
+        withParity(y - 2, [&](auto p) { convertRow<p>(isRed(y - 2), target.row(y - 2 - rows.begin)); });
+      }
+    }
   }
 
  private:
-  alignas(32) Element at_[2][kAhead + kHalf + kAhead] = {};
-};
-
-// A row: its samples, gradients to the row above and to the left, and half the sum of the four neighbours of sites that
-// are not green.
-template <class T>
-struct Line {
-  Columns<T> samples, north, northEast, northWest, west, diamond;
-};
-// What a row leaves for the next one: sums of differences that belong to the gradients between them.
-template <class T>
-struct Carry {
-  Columns<T> down, across, twoAcross, towardEast, towardWest, siteEast, siteWest;
-};
-
-// Splits the samples of the row from column -2 on.
-template <class T>
-void readRow(const uint8_t* row, ptrdiff_t columns, Line<T>& line) {
-  constexpr int kStep = kLanes == 0 ? 2 : kLanes * kLanePixels<T>;
-  for (ptrdiff_t x = -2; x < columns + 2; x += kStep) {
-    const uint8_t* from = row + x * ptrdiff_t{sizeof(T)};
-    if constexpr (kLanes == 0) {
-      line.samples.template store<0>(x / 2, 0, Mosaic<T>::sample(from, 0));
-      if (x + 1 < columns + 2) line.samples.template store<0>(x / 2, 1, Mosaic<T>::sample(from, 1));
+  const uint8_t* samples(ptrdiff_t y) const { return mosaic_.row(y) + first_ * ptrdiff_t{sizeof(T)}; }
+  // What is read and written two rows later: runs are too short for the processor to foresee the next one. Inlined,
+  // since compilers drop a call that does nothing else.
+  LANE_OP void fetchRows(const uint8_t* src, const Row& dst) const {
+    fetchAhead<false>(src, columns_ * ptrdiff_t{sizeof(T)});
+    fetchAhead<true>(dst.at(0), columns_ * Row::kPixelBytes);
+  }
+  bool isRed(ptrdiff_t y) const { return ((y ^ redRow(mosaic_.grid)) & 1) == 0; }
+  // f(parity of the columns that are not green)
+  void withParity(ptrdiff_t y, auto f) const {
+    if (((first_ ^ redColumn(mosaic_.grid) ^ isRed(y)) & 1) == 0) {
+      f(std::integral_constant<int, 1>{});
     } else {
-      const ptrdiff_t left = columns + 2 - x;
-      const auto samples =
-          left < kStep ? loadBytes<16, T, kLanes>(from, left * ptrdiff_t{sizeof(T)}) : loadLanes<16, T, kLanes>(from);
-      line.samples.template store<kLanes>(x / 2, 0, evenSamples(samples));
-      line.samples.template store<kLanes>(x / 2, 1, oddSamples(samples));
+      f(std::integral_constant<int, 0>{});
     }
   }
-}
 
-// The gradients of a register of even columns and one of odd ones; in this row green is not in columns of parity P.
-// Two sites that are neighbours in a direction have a gradient in common.
-template <int P, int L, class T>
-LANE_OP void measure(ptrdiff_t i, Line<T>& above, Line<T>& line, const Line<T>& below, Carry<T>& carry) {
-  constexpr int kGreen = 1 - P;
-  auto up = [&](int c) __attribute__((always_inline)) { return above.samples.template load<L>(i, c); };
-  auto mid = [&](int c) __attribute__((always_inline)) { return line.samples.template load<L>(i, c); };
-  auto down = [&](int c) __attribute__((always_inline)) { return below.samples.template load<L>(i, c); };
-  // Adds to a sum what the row above has left of it, and leaves this row's part.
-  auto joined = [&](Columns<T> & part, int c, auto now) __attribute__((always_inline)) {
-    const auto before = part.template load<L>(i, c);
-    part.template store<L>(i, c, now);
-    return before + now;
-  };
-  using Number = typename NumbersOf<T, L>::Number;
-
-  Number downPair[3], acrossSite[3], eastSite[3], westSite[3];  // of columns -1 to 1; across from -1; east from 0
-  unrolled<3>([&](auto k) __attribute__((always_inline)) {
-    auto vertical = [&](int c) __attribute__((always_inline)) { return magnitude(up(c) - down(c)); };
-    downPair[k] = vertical(k - 1) + vertical(k);
-    acrossSite[k] = magnitude(mid(k - 2) - mid(k));
-    eastSite[k] = magnitude(down(k - 1) - up(k + 1));
-    westSite[k] = magnitude(up(k - 2) - down(k));
-  });
-  unrolled<2>([&](auto c) __attribute__((always_inline)) {
-    line.north.template store<L>(i, c, joined(carry.down, c, downPair[c] + downPair[c + 1]));
-    const auto twoAcross = joined(carry.across, c, acrossSite[c] + acrossSite[c + 1]);
-    above.west.template store<L>(i, c, joined(carry.twoAcross, c, twoAcross));
-    const auto east = joined(carry.towardEast, c, eastSite[c] + eastSite[c + 1]);
-    const auto west = joined(carry.towardWest, c, westSite[c] + westSite[c + 1]);
-    if constexpr (c == kGreen) {
-      line.northEast.template store<L>(i, c, doubled(east));
-      line.northWest.template store<L>(i, c, doubled(west));
-    }
-  });
-  const Number north = up(P), south = down(P), west = mid(P - 1), east = mid(P + 1);
-  const Number siteEast = doubled(eastSite[P]) + magnitude(south - east) + magnitude(west - north);
-  const Number siteWest = doubled(westSite[P + 1]) + magnitude(south - west) + magnitude(east - north);
-  line.northEast.template store<L>(i, P, siteEast + carry.siteEast.template load<L>(i, P + 1));
-  line.northWest.template store<L>(i, P, siteWest + carry.siteWest.template load<L>(i, P - 1));
-  carry.siteEast.template store<L>(i, P, siteEast);
-  carry.siteWest.template store<L>(i, P, siteWest);
-  line.diamond.template store<L>(i, P, fl(north + south + west + east, 2));
-}
-
-// All gradients of the row, and those of the columns -1 and `columns`.
-template <int P, class T>
-void measureRow(ptrdiff_t columns, Line<T>& above, Line<T>& line, const Line<T>& below, Carry<T>& carry) {
-  constexpr int L = kLanes, kOne = L == 0 ? 0 : 1;
-  measure<P, kOne>(-NumbersOf<T, kOne>::kCount, above, line, below, carry);
-  for (ptrdiff_t i = 0; i <= columns / 2; i += NumbersOf<T, L>::kCount) {
-    measure<P, L>(i, above, line, below, carry);
+  template <int P>
+  void convertRow(bool red, Row dst) const {
+    constexpr ptrdiff_t kStep = 2 * NumbersOf<T, kLanes>::kCount;
+    for (ptrdiff_t x = 0; x < columns_; x += kStep) convertSites<P, kLanes>(red, dst, x);
   }
-}
 
-// What five lines have of the sites of one row, at every other column from 2 i + c on.
-template <class T, int L>
-struct Sites {
-  using Number = typename NumbersOf<T, L>::Number;
-
-  LANE_OP Missing<Number> missing(auto green) const {
-    const Line<T>&line = *row[2], &below = *row[3];
-    const Kept<Number> kept({of(line.north, 0), of(line.west, 1), of(below.north, 0), of(line.west, 0),
-                             of(line.northEast, 0), of(below.northWest, 1), of(below.northEast, -1),
-                             of(line.northWest, 0)});
-    auto at = [&](int r, int x) __attribute__((always_inline)) { return of(row[r + 2]->samples, x); };
-    if constexpr (green) {
-      return greenSite(kept, at);
+  // Even and odd columns of one step.
+  template <int P, int L>
+  LANE_OP void convertSites(bool red, const Row& dst, ptrdiff_t x) const {
+    using Number = typename NumbersOf<T, L>::Number;
+    const Sites<T, L> coloured = {row_, x / 2, P}, green = {row_, x / 2, 1 - P};
+    // The row's colour, green, the other.
+    std::array<Number, 3> site[2];
+    const auto ofColoured = coloured.missing(std::false_type{});
+    site[P] = {coloured.sample(), ofColoured.first, ofColoured.second};
+    const auto ofGreen = green.missing(std::true_type{});
+    site[1 - P] = {ofGreen.first, green.sample(), ofGreen.second};
+    if (red) {
+      put<BGR4, L>(site, dst, x);
     } else {
-      return colouredSite(
-          kept, at, [&](int r, int x) __attribute__((always_inline)) { return of(row[r + 2]->diamond, x); });
+      put<RGB4, L>(site, dst, x);
     }
   }
-  LANE_OP Number sample() const { return of(row[2]->samples, 0); }
-  LANE_OP Number of(const Columns<T>& columns, int x) const { return columns.template load<L>(i, c + x); }
 
-  const Line<T>* const* row;
-  ptrdiff_t i;
-  int c;
+  template <class Layout, int L>
+  LANE_OP void put(const auto& site, const Row& dst, ptrdiff_t x) const {
+    const typename PackedTarget<Layout, T, Keep>::Row row = {{dst.base}, {}};
+    if constexpr (L == 0) {
+      for (int i = 0; i < 2 && x + i < columns_; ++i) {
+        std::array<int, 3> pixel;
+        for (int c = 0; c < 3; ++c) {
+          pixel[c] =
+              std::clamp(gain_.template apply<T>(site[i][c], Layout::kPlace[c]), 0, int{std::numeric_limits<T>::max()});
+        }
+        row.storePixel(x + i, pixel);
+      }
+    } else {
+      Registers<T, L, 3> channel;
+      unrolled<3>([&](auto c) __attribute__((always_inline)) {
+        channel[c] = wovenSamples(gain_.template apply<T>(site[0][c], Layout::kPlace[c]),
+                                  gain_.template apply<T>(site[1][c], Layout::kPlace[c]));
+      });
+      if (columns_ - x >= L * kLanePixels<T>) {
+        row.template store<L>(x, channel);
+      } else {
+        row.template storeSome<L>(x, columns_ - x, channel);
+      }
+    }
+  }
+
+  const Mosaic<T>& mosaic_;
+  const ptrdiff_t first_, columns_;
+  const Gain gain_;
+  Line<T> lines_[5];
+  Carry<T> carry_;
+  Line<T>* row_[5] = {lines_, lines_ + 1, lines_ + 2, lines_ + 3, lines_ + 4};
 };
 
 }  // namespace tolk

@@ -1,28 +1,10 @@
-// Comparisons of integers, and masks as the bits of a number.
+// More comparisons of integers, and masks as the bits of a number.
 #pragma once
 
+#include "lanes/integers.h"
 #include "lanes/memory.h"
-#include "lanes/terms.h"
 
 namespace tolk {
-
-// a - b, limited to 0.
-template <int L>
-LANE_OP U8<L> subLimited(U8<L> a, U8<L> b) {
-  if constexpr (L == 1) {
-    return U8<L>(_mm_subs_epu8(a.bits(), b.bits()));
-  } else {
-    return U8<L>(_mm256_subs_epu8(a.bits(), b.bits()));
-  }
-}
-template <int L>
-LANE_OP U16<L> subLimited(U16<L> a, U16<L> b) {
-  if constexpr (L == 1) {
-    return U16<L>(_mm_subs_epu16(a.bits(), b.bits()));
-  } else {
-    return U16<L>(_mm256_subs_epu16(a.bits(), b.bits()));
-  }
-}
 
 template <class T, int L>
 LANE_OP Reg<T, L> greater(Reg<T, L> a, Reg<T, L> b) {
@@ -50,22 +32,6 @@ LANE_OP U16<L> smaller(U16<L> a, U16<L> b) {
     return U16<L>(_mm256_min_epu16(a.bits(), b.bits()));
   }
 }
-template <int L>
-LANE_OP I32<L> larger(I32<L> a, I32<L> b) {
-  if constexpr (L == 1) {
-    return choose(greater(a, b), a, b);
-  } else {
-    return I32<L>(_mm256_max_epi32(a.bits(), b.bits()));
-  }
-}
-template <int L>
-LANE_OP I32<L> smaller(I32<L> a, I32<L> b) {
-  if constexpr (L == 1) {
-    return choose(greater(a, b), b, a);
-  } else {
-    return I32<L>(_mm256_min_epi32(a.bits(), b.bits()));
-  }
-}
 template <class T, int L>
 LANE_OP Halves<T, L> larger(Halves<T, L> a, Halves<T, L> b) {
   return {larger(a.low, b.low), larger(a.high, b.high)};
@@ -89,9 +55,6 @@ LANE_OP Halves<T, L> shiftIn(Halves<T, L> before, Halves<T, L> now) {
 }
 // Single numbers, a register of one.
 LANE_OP int shiftIn(int before, int) { return before; }
-LANE_OP int larger(int a, int b) { return a > b ? a : b; }
-LANE_OP int smaller(int a, int b) { return a < b ? a : b; }
-LANE_OP int choose(bool mask, int a, int b) { return mask ? a : b; }
 
 // Limited to signed bytes: only 0 becomes 0, and a mask stays one.
 template <int L>
