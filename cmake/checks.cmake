@@ -30,15 +30,42 @@ set_tests_properties(check.install PROPERTIES FIXTURES_SETUP installed)
 # tolk_installed_program(source): compiles it against the installed tree into the prefix.
 function(tolk_installed_program source)
   get_filename_component(name ${source} NAME_WE)
-  tolk_check(compile.${name} ${CMAKE_C_COMPILER} -Wall -Wextra -Wpedantic -Werror ${PROJECT_SOURCE_DIR}/${source}
+  set(compiler ${CMAKE_C_COMPILER})
+  if(source MATCHES "cpp$")
+    set(compiler ${CMAKE_CXX_COMPILER} -std=c++20 -pthread)
+  endif()
+  tolk_check(compile.${name} ${compiler} -Wall -Wextra -Wpedantic -Werror ${PROJECT_SOURCE_DIR}/${source}
              -I${prefix}/include -L${folder} -ltolkcolor -o ${prefix}/${name})
   set_tests_properties(check.compile.${name} PROPERTIES FIXTURES_REQUIRED installed FIXTURES_SETUP ${name})
 endfunction()
 
-tolk_installed_program(examples/planar_round_trip.c)
-tolk_check(example ${prefix}/planar_round_trip)
-set_tests_properties(check.example PROPERTIES FIXTURES_REQUIRED planar_round_trip ENVIRONMENT LD_LIBRARY_PATH=${folder}
-  PASS_REGULAR_EXPRESSION "82 90 240 -> 255 1 0\n145 54 34 -> 0 255 1\n41 240 110 -> 0 0 255\n153 99 153 -> 199 151 101\n")
+# tolk_example(source output): a program that prints what matches
+function(tolk_example source output)
+  tolk_installed_program(${source})
+  get_filename_component(name ${source} NAME_WE)
+  tolk_check(example.${name} ${prefix}/${name})
+  set_tests_properties(check.example.${name} PROPERTIES FIXTURES_REQUIRED ${name} ENVIRONMENT LD_LIBRARY_PATH=${folder}
+    PASS_REGULAR_EXPRESSION ${output})
+endfunction()
+
+tolk_example(examples/planar_round_trip.c
+  "82 90 240 -> 255 1 0\n145 54 34 -> 0 255 1\n41 240 110 -> 0 0 255\n153 99 153 -> 199 151 101\n")
+tolk_example(examples/bottom_up.c "the last column was left out\n33 114, 128 128\n")
+tolk_example(examples/two_steps.c "white: X 62288, Y 65535, Z 65535\n")
+tolk_example(examples/row_bands.cpp "bands equal, tiles of 64 columns equal, of 100 columns differ\n")
+
+# Every function's example of the reference, in one program.
+set(all_examples ${CMAKE_CURRENT_BINARY_DIR}/all_examples.c)
+set(make_reference ${PROJECT_SOURCE_DIR}/tools/reference/make_reference.py)
+add_custom_command(OUTPUT ${all_examples}
+  COMMAND Python3::Interpreter ${make_reference} ${PROJECT_SOURCE_DIR}/include/tolkcolor.h --examples > ${all_examples}
+  DEPENDS ${reference_inputs} ${PROJECT_SOURCE_DIR}/include/tolkcolor.h
+          ${PROJECT_SOURCE_DIR}/tools/catalogue/make_table.py
+  VERBATIM)
+add_executable(all_examples ${all_examples})
+target_compile_options(all_examples PRIVATE -Wall -Wextra -Wpedantic -Werror)
+target_link_libraries(all_examples PRIVATE tolkcolor)
+tolk_check(reference_examples all_examples)
 
 tolk_installed_program(tools/checks/loaded_library.c)
 tolk_check(loader_choice ${checks}/loader_choice.sh ${prefix}/loaded_library ${folder}

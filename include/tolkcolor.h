@@ -43,7 +43,7 @@ extern "C" {
 /** Result of every image function: zero is success, a negative value an error (nothing was written), a positive value a
  * warning (the work was done as the family defines it). */
 typedef enum TolkStatus {
-  tolkStatusOk = 0,
+  tolkStatusOk = 0,                /**< success */
   tolkStatusNotProcessed = 1,      /**< warning: nothing was computed (tone mapping) */
   tolkStatusOddSize = 35,          /**< warning: not a whole number of chroma groups; the whole groups were converted */
   tolkStatusBadEnum = -5,          /**< an enumeration argument is out of range */
@@ -564,8 +564,8 @@ TOLK_API TolkStatus tolkYCbCr411ToBGR_8u_P3C4R(const uint8_t* const src[3], cons
 /* ==== RGB and YUV ==== */
 
 /** 8-bit RGB or BGR to and from analog-style YUV: full-scale Y with the luma weights of ITU-R BT.601 (0.299, 0.587,
- * 0.114), U = 0.492 (B - Y) + 128 and V = 0.877 (R - Y) + 128. There is no studio range. V saturates at strong reds and
- * cyans.
+ * 0.114), U = 0.492 (B - Y) + 128 and V = 0.877 (R - Y) + 128. There is no studio range. U is 16..239, V saturates at
+ * strong reds and cyans.
  *
  * With divisions rounding toward minus infinity, h(a, c) = a * c / 65536, u = U - 128, v = V - 128 and every result
  * limited to 0..255:
@@ -722,9 +722,10 @@ TOLK_API TolkStatus tolkYUV420ToRGB_8u_P3(const uint8_t* const src[3], uint8_t* 
  * the gamma curve of ITU-R BT.709. With t = i / 255 in double precision, entry i is 4.5 i where t is under 0.018 and
  * 255 (1.099 t^0.45 - 0.099), brought to single precision, elsewhere; each rounded to an integer, ties to even.
  *
- * Any width and height from 1. The decoders return tolkStatusOk; tolkStatusNullPointer for a null pointer;
- * tolkStatusBadSize for a width, height or step under 1. Pointers are tested first. The encoder returns the same but
- * does not test its steps, which count bytes.
+ * Any width and height from 1. The steps of the encoder count bytes and are not tested.
+ *
+ * Returns tolkStatusOk; tolkStatusNullPointer for a null pointer; tolkStatusBadSize for a width or height under 1 and,
+ * from the decoders, for a step under 1. Pointers are tested first.
  */
 /** One word a pixel: B in bits 11..15, G in bits 5..10, R in bits 0..4. */
 TOLK_API TolkStatus tolkYUV422v210ToRGB_709HDTV_32u16u_C3(const uint32_t* src, int32_t srcStep, uint16_t* dst,
@@ -1387,7 +1388,8 @@ TOLK_API TolkStatus tolkXYZToRGB_32f_AC4R(const float* src, int32_t srcStep, flo
  *
  * Of samples that are not numbers the results of 32f are not defined.
  *
- * The fourth channel of an AC4 destination is left as it was, except where a function says otherwise.
+ * The fourth channel of an AC4 source is not used, that of the destination is left as it was, except where a function
+ * says otherwise.
  *
  * Any width and height from 1. tolkRGBToHLS and tolkHLSToRGB do not test steps; the others want them from 1.
  *
@@ -1514,7 +1516,7 @@ TOLK_API TolkStatus tolkHLSToBGR_8u_AP4R(const uint8_t* const src[4], int32_t sr
  * - n = cut(p), f = p - n, sv = s * v; P = round(v - sv), Q = round(v - sv * f), T = round(sv * f + (v - sv))
  * - R, G, B are V, T, P for n = 0; Q, V, P for 1; P, V, T for 2; P, Q, V for 3; T, P, V for 4; V, P, Q for 5
  *
- * The fourth channel of an AC4 destination is left as it was.
+ * The fourth channel of an AC4 source is not used, that of the destination is left as it was.
  *
  * Any width and height from 1. Steps are not tested.
  *
@@ -1639,7 +1641,7 @@ TOLK_API TolkStatus tolkYCCToRGB_32f_AC4R(const float* src, int32_t srcStep, flo
 
 /** Linear RGB and BGR to and from CIE L*u*v*, of 8, 16 and 32-bit samples.
  *
- * The primaries and the white are those of XYZ above, and no transfer curve is applied. R, G, B, or B, G, R in the
+ * The primaries and the white are those of XYZ, and no transfer curve is applied. R, G, B, or B, G, R in the
  * functions with BGR in their name, and L, u, v are channels 0, 1 and 2; the fourth channel of an AC4 source is not
  * used, that of the destination is left as it was. Black is 0 and white the largest integer or 1.0, in 16s -32768 and
  * 32767: there 32768 is added to each sample first, also to L, u, v, and taken off each result.
@@ -2042,7 +2044,8 @@ TOLK_API TolkStatus tolkGammaInv_32f_IP3R(float* const srcDst[3], int32_t srcDst
  * BGR and SBGR have samples B, G, R, and RGB has R, G, B; the samples of SBGR are signed. The planes are Y, Co, Cg in
  * this order and share one step. The fourth sample of a C4 source is not used, that of a C4 destination is alpha. The
  * plain transform loses low bits, so that its inverse does not restore the source. The transform Rev restores it, where
- * Co and Cg have a bit more than the source. Divisions round toward minus infinity:
+ * Co and Cg have a bit more than the source: of bytes they are -255..255, and in the plain one -127..128. Divisions
+ * round toward minus infinity:
  *
  * - plain forward: Y = (R + 2 G + B + 2) / 4, Co = (R - B + 1) / 2, Cg = (2 G - R - B + 2) / 4
  * - plain inverse: t = Y - Cg, B = t - Co, G = Y + Cg, R = t + Co
