@@ -7,6 +7,7 @@ mkdir -p "$folder"
 page() {  # NAME HELP_OPTION DESCRIPTION
   help2man --no-info --source="TolkColor $version" --version-string="$version" --help-option="$2" --name="$3" \
     --output="$folder/$1.1" "$tolk"
+  sed -i 's/^tolk [a-z0-9]* .*[.][a-z]/.br\n&/' "$folder/$1.1"  # a line for each example
 }
 
 commands=$("$tolk" --help | sed -n '/^Subcommands:/,$ s/^  \([a-z0-9]*\)  .*/\1/p')

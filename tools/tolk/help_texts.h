@@ -25,6 +25,7 @@ Exit status: 0 also for a warning (a positive status: the result is written), un
 for an error, and then OUT is as it was.)";
 
 inline constexpr char kConvertText[] = R"(
+Examples:
   tolk convert photo.png photo.nv12
   tolk convert photo.nv12 photo.png --size 640x480
   tolk convert camera.raw video.y4m --from yuyv --to i420 --size 640x480
@@ -67,6 +68,7 @@ and d at the end of floating point in 32 and 64 bits.)";
 inline constexpr char kLinearText[] = "XYZ, Lab, LUV: take the curve of BT.709 off before, lay it on after";
 
 inline constexpr char kGammaText[] = R"(
+Examples:
   tolk gamma linear.tiff photo.tiff
   tolk gamma photo.png linear.png --inverse
 
@@ -76,6 +78,7 @@ samples of IN: 8 or 16 bits or floating point, whose 64 bits are calculated in 3
 the depth: linear light of 8 bits is coarse in the dark.)";
 
 inline constexpr char kTwistText[] = R"(
+Examples:
   tolk twist photo.png sepia.png --matrix sepia.txt
 
   # red, green and blue of OUT from red, green and blue of IN, and an offset
@@ -89,6 +92,7 @@ its columns are the weights of red, green, blue and alpha, which is its fourth r
 takes pictures with alpha.)";
 
 inline constexpr char kDitherText[] = R"(
+Examples:
   tolk dither photo.png poster.png --method bayer --levels 4
   tolk dither deep.tiff photo.png --depth 8
   tolk dither scan.jpg page.pbm --method stucki1
@@ -108,6 +112,7 @@ From floating point, whose full scale is 1, OUT has 8 bits by default. Every cal
 with noise too.)";
 
 inline constexpr char kTonemapText[] = R"(
+Examples:
   tolk tonemap light.hdr photo.png --mode mean
 
 IN is floating point of any range: hdr, pfm or tiff. All samples of all channels, but alpha, get the same
@@ -120,6 +125,7 @@ laid on before, as long as there are shades enough:
   tolk tonemap bent.pfm photo.png)";
 
 inline constexpr char kPackText[] = R"(
+Examples:
   tolk pack12 frame.pgm frame.raw
   tolk unpack12 frame.raw frame.pgm --size 1920x1080
 
@@ -129,6 +135,7 @@ image file (png, tiff, pgm) or raw bytes in the machine's order, which need --si
 itself and is as bright as it should be, in others 65535 would be white.)";
 
 inline constexpr char kViewText[] = R"(
+Examples:
   tolk view photo.jpg channels.png --space hls
   tolk view hls.tiff channels.png --from hlsf
 
@@ -138,6 +145,7 @@ point are shown as their bytes would be. Hue is shown in
 colour, and gray where a pixel has no saturation.)";
 
 inline constexpr char kDemosaicText[] = R"(
+Examples:
   tolk demosaic frame.pgm photo.png --grid rggb
   tolk demosaic frame.raw photo.png --grid gbrg --bits 12 --size 1920x1080 --method vng
   tolk demosaic camera.dng photo.tiff --gains 1.5,1,2.2
@@ -165,6 +173,7 @@ Gains multiply all samples of the picture, which are then limited to their range
 itself, after linear and ahd a colour twist does.)";
 
 inline constexpr char kMosaicText[] = R"(
+Examples:
   tolk mosaic photo.png mosaic.png --grid rggb
   tolk mosaic photo.png frame.raw --grid gbrg --bits 12
 
