@@ -2584,7 +2584,7 @@ TOLK_API TolkStatus tolkCFAToRGB_16u_C1C3R(const uint16_t* src, TolkRect srcRect
 
 /** Any rectangle of a Bayer mosaic to BGRA, by a variable number of gradients (Chang, Cheung and Pang): eight
  * directional gradients of a site's 5 by 5 neighbourhood, and the mean colour differences over the directions whose
- * gradient is below a threshold. src, srcRect, srcSize, dst and grid are as in the family above, but the rectangle is
+ * gradient is below a threshold. src, srcRect, srcSize, dst and grid are as in Demosaicing, but the rectangle is
  * not trimmed.
  *
  * Interpolated are the sites of the rectangle that are at least two sites from every edge: with x0 = x for x of 3 or
@@ -2647,7 +2647,7 @@ TOLK_API TolkStatus tolkCFAToBGRA_VNG_16u_C1C4R_L(const uint16_t* src, TolkRectL
 
 /** Any rectangle of a Bayer mosaic to RGB, adaptive and homogeneity-directed (Hirakawa and Parks): two candidates,
  * green interpolated along rows (H) and along columns (V), of which each pixel takes the one with the more homogeneous
- * neighbourhood. src, srcRect, srcSize and grid are as in the first demosaicing family. The rectangle is trimmed to the
+ * neighbourhood. src, srcRect, srcSize and grid are as in Demosaicing. The rectangle is trimmed to the
  * mosaic: its origin is moved to 0 where it is negative, which keeps width and height, and then its far edges to the
  * mosaic's. dst addresses the pixel of the trimmed origin. A trimmed rectangle without pixels is success.
  *
