@@ -50,8 +50,7 @@ class Strip {
     Rectangle inner;
   };
   // mosaicRow(y, x, count, to) copies sites x to x + count - 1 of row y, pixelRow(y) is where the pixels of row y go.
-  // decision[y] is that of the
-  // pixel left of row y, then of its last one.
+  // decision[y] is that of the pixel left of row y, then of its last one.
   void run(const Extent& extent, Decision* decision, auto mosaicRow, auto pixelRow) {
     const auto& [width, height, kinds, inner] = extent;
     end_ = width + 2 * kMargin;

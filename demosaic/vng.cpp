@@ -34,7 +34,7 @@ void interpolate(const Region<T>& region, Gain gain) {
 }
 
 // Whole pixels, the fourth sample too, from the outermost interpolated columns and rows to those beyond. At the far
-// edges the tests are such that a region ending just before the frame fills it, too.
+// edges the tests are such that a region ending before or in the frame fills one column or row more.
 template <class T>
 void fillFrame(const Region<T>& region) {
   constexpr ptrdiff_t kPixel = 4 * sizeof(T);

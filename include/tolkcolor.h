@@ -2558,9 +2558,9 @@ enum {
  *
  * src addresses the site (0, 0) of the whole mosaic of srcSize, W by H sites; the colour of a site follows from its
  * coordinates there and from grid. dst addresses the pixel of the site (x, y) of srcRect. A rectangle that runs over
- * the mosaic's right or bottom edge is trimmed; sites of negative coordinates are neither computed nor written. Sites
- * up to two away from the rectangle are read. Outside the mosaic its sites are mirrored at the edge sites, which are
- * not repeated: column -1 is column 1, column W is column W - 2.
+ * the mosaic's right or bottom edge is trimmed; sites of negative coordinates are neither computed nor written. Any
+ * site of the mosaic may be read; only those up to two away from the rectangle count. Outside the mosaic its sites are
+ * mirrored at the edge sites, which are not repeated: column -1 is column 1, column W is column W - 2.
  *
  * Every average rounds a half up. A red or blue site takes the opposite colour from its four diagonal neighbours. A
  * green site takes one colour from the left and the right neighbour, the other from above and below. With
@@ -2601,7 +2601,8 @@ TOLK_API TolkStatus tolkCFAToRGB_16u_C1C3R(const uint16_t* src, TolkRect srcRect
  * - SE, NW and SW are NE mirrored
  *
  * With m the smallest and M the largest gradient, a direction counts if its gradient is below max(M / 2, 1) + m, cut to
- * an integer; n is their number. Each adds one term to three sums, here those of N, E, S and W, and of NE:
+ * an integer; n is their number. Each adds one term to three sums. Of directions not listed
+ * the terms are those of the listed ones turned or, at a green site, mirrored:
  *
  * - red or blue site: same = P(-2,0) + C, green = 2 P(-1,0), other = P(-1,-1) + P(-1,1); NE: same = P(-2,2) + C,
  *   green = (P(-2,1) + P(-1,0) + P(-1,2) + P(0,1)) / 2 cut to an integer, other = 2 P(-1,1)
@@ -2611,15 +2612,16 @@ TOLK_API TolkStatus tolkCFAToRGB_16u_C1C3R(const uint16_t* src, TolkRect srcRect
  *
  * A missing colour is C + (its sum - the sum of the site's own colour) / (2 n), the quotient cut toward zero. It is
  * converted to single precision, multiplied by its gain, limited to the range of the samples and rounded to the nearest
- * integer, ties to even. scale holds the gains of blue, green and red; a null scale is 1, 1, 1. The fourth sample of a
- * pixel is not written.
+ * integer, ties to even. scale holds the gains of blue, green and red; a null scale is 1, 1, 1. The fourth sample of an
+ * interpolated pixel keeps its value.
  *
  * The frame of two pixels at the mosaic's edges then repeats the nearest interpolated pixel, all four samples, inside
  * dst: first columns, over the interpolated rows, then whole rows of the rectangle. Column x0 is copied two to the left
  * if x is 0 and one to the left if x is 0 or 1; column x1 one to the right if x + width is at least W - 2, and two to
  * the right if it is at least W - 1; rows y0 and y1 likewise with y, height and H. So a rectangle that ends one or two
- * sites before the right or the bottom edge makes pixels be written up to two columns or rows outside it, for which dst
- * needs room. The copies run also where no site was interpolated.
+ * sites before the right or the bottom edge makes the column or row after it be written, for which dst needs room. The
+ * copies run also where no site was interpolated: a rectangle in the frame alone may make others of the frame be
+ * written, on any side of it.
  *
  * Steps are not tested; they are bytes with 16u too.
  *
