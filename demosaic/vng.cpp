@@ -1,7 +1,7 @@
 // Demosaicing to BGRA by a variable number of gradients.
 #include "demosaic/vng_strip.h"
 #include "frame/checks.h"
-#include "lanes/rounding.h"
+#include "lanes/float_state.h"
 
 using namespace tolk;
 
@@ -88,7 +88,7 @@ TolkStatus demosaic(const T* src, TolkRectL rect, TolkSizeL size, int64_t srcSte
   if (gains.none()) {
     interpolate(region, Ungained{});
   } else {
-    roundingToNearest([](const Region<T>& all, Gained gained) { interpolate(all, gained); }, region, Gained{gains});
+    inUsualFloatState([](const Region<T>& all, Gained gained) { interpolate(all, gained); }, region, Gained{gains});
   }
   fillFrame(region);
   return tolkStatusOk;

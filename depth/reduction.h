@@ -3,6 +3,7 @@
 
 #include "depth/wavefront.h"
 #include "frame/checks.h"
+#include "lanes/float_state.h"
 
 namespace tolk {
 
@@ -156,11 +157,9 @@ void reduceByDiffusion(const ChannelRows<From, To>& rows, const Reduction& asked
   diffuse(form, rows, Threshold{noise, 0.5F * form.levels.step}, memory);
 }
 
-template <int Channels, int Stride = Channels, class From, class To>
-TolkStatus reduced(const From* src, int32_t srcStep, To* dst, int32_t dstStep, TolkSize roi, const Reduction& asked) {
-  const ReducedImage<From, To, Channels, Stride> image = {reinterpret_cast<const uint8_t*>(src), srcStep,
-                                                          reinterpret_cast<uint8_t*>(dst), dstStep, roi};
-  const ChannelRows<From, To> rows = {image.src, srcStep, image.dst, dstStep, roi, Channels, Stride};
+template <class From, class To, int Channels, int Stride>
+void reduceImage(const ReducedImage<From, To, Channels, Stride>& image, const Reduction& asked) {
+  const ChannelRows<From, To> rows = {image.src, image.srcStep, image.dst, image.dstStep, image.roi, Channels, Stride};
   switch (asked.ditherType) {
     case tolkDitherFloydSteinberg:
       reduceByDiffusion<FloydSteinberg>(rows, asked);
@@ -177,6 +176,13 @@ TolkStatus reduced(const From* src, int32_t srcStep, To* dst, int32_t dstStep, T
     default:
       reduceNearest(image, asked);
   }
+}
+
+template <int Channels, int Stride = Channels, class From, class To>
+TolkStatus reduced(const From* src, int32_t srcStep, To* dst, int32_t dstStep, TolkSize roi, const Reduction& asked) {
+  const ReducedImage<From, To, Channels, Stride> image = {reinterpret_cast<const uint8_t*>(src), srcStep,
+                                                          reinterpret_cast<uint8_t*>(dst), dstStep, roi};
+  inUsualFloatState([](const auto&... args) { reduceImage(args...); }, image, asked);
   return tolkStatusOk;
 }
 

@@ -2,6 +2,7 @@
 #include "depth/tone_map_forms.h"
 #include "frame/checks.h"
 #include "frame/planes.h"
+#include "lanes/float_state.h"
 
 using namespace tolk;
 
@@ -43,19 +44,24 @@ TolkStatus mapBy(Statistic statistic, FloatRows src, Plane<uint8_t> dst, TolkSiz
   return tolkStatusOk;
 }
 
+TolkStatus mapLinear(FloatRows src, Plane<uint8_t> dst, TolkSize roi) {
+  return mapBy(largestOf(src, roi), src, dst, roi, [](float m) { return LinearTone{1.0F / m}; });
+}
+
+TolkStatus mapByMean(FloatRows src, Plane<uint8_t> dst, TolkSize roi) {
+  const auto count = static_cast<int32_t>(static_cast<uint32_t>(roi.width) * static_cast<uint32_t>(roi.height));
+  const double mean = sumOf(src, roi) / count;
+  return mapBy(mean + mean, src, dst, roi, [&](double) { return MeanTone{static_cast<float>(127.5 / mean)}; });
+}
+
 }  // namespace
 
 TolkStatus tolkToneMapLinear_32f8u_C1R(const float* src, int32_t srcStep, uint8_t* dst, int32_t dstStep, TolkSize roi) {
   if (auto fault = check(pointers(src, dst), size(roi))) return fault;
-  const FloatRows rows = {src, srcStep};
-  return mapBy(largestOf(rows, roi), rows, {dst, dstStep}, roi, [](float m) { return LinearTone{1.0F / m}; });
+  return inUsualFloatState(mapLinear, FloatRows{src, srcStep}, Plane<uint8_t>{dst, dstStep}, roi);
 }
 
 TolkStatus tolkToneMapMean_32f8u_C1R(const float* src, int32_t srcStep, uint8_t* dst, int32_t dstStep, TolkSize roi) {
   if (auto fault = check(pointers(src, dst), size(roi))) return fault;
-  const FloatRows rows = {src, srcStep};
-  const auto count = static_cast<int32_t>(static_cast<uint32_t>(roi.width) * static_cast<uint32_t>(roi.height));
-  const double mean = sumOf(rows, roi) / count;
-  return mapBy(mean + mean, rows, {dst, dstStep}, roi,
-               [&](double) { return MeanTone{static_cast<float>(127.5 / mean)}; });
+  return inUsualFloatState(mapByMean, FloatRows{src, srcStep}, Plane<uint8_t>{dst, dstStep}, roi);
 }

@@ -5,6 +5,7 @@
 
 #include "frame/images.h"
 #include "lanes/both.h"
+#include "lanes/float_state.h"
 #include "tolkcolor.h"
 
 namespace tolk {
@@ -59,6 +60,12 @@ namespace detail {
 template <class Form>
 concept TakesSamples = requires {
   requires Form::kTakesSamples;
+};
+
+// A form calculates integers in floating point.
+template <class Form>
+concept UsesFloats = requires {
+  requires Form::kUsesFloats;
 };
 
 // A form takes 16-bit numbers for bytes: each half of a byte register by itself, as it does those of pairs.
@@ -197,14 +204,23 @@ LANE_OP void convertRow(ptrdiff_t y, ptrdiff_t width, ptrdiff_t end, const Sourc
   }
 }
 
+template <class Size, class Source, class BlockRule, class TailRule>
+void convertRows(Size roi, Source src, BlockRule block, TailRule tail) {
+  const ptrdiff_t width = roi.width, end = width & ~ptrdiff_t{BlockRule::kBlock - 1};
+  for (ptrdiff_t y = 0; y < roi.height; ++y) convertRow(y, width, end, src, block, tail);
+}
+
 }  // namespace detail
 
 // Two forms: blocks of N, then the tail, each with its own target.
 template <class Size, class Source, int N, class BlockForm, class BlockTarget, class TailForm, class TailTarget>
 TolkStatus rows(Size roi, Source src, Block<N, BlockForm, BlockTarget> block, Tail<TailForm, TailTarget> tail) {
-  const ptrdiff_t width = roi.width, end = width & ~ptrdiff_t{N - 1};
-  if (width < 1) return tolkStatusOk;  // where sizes are not tested, no walk over empty rows
-  for (ptrdiff_t y = 0; y < roi.height; ++y) detail::convertRow(y, width, end, src, block, tail);
+  if (roi.width < 1) return tolkStatusOk;  // where sizes are not tested, no walk over empty rows
+  if constexpr (detail::UsesFloats<BlockForm> || detail::UsesFloats<TailForm>) {
+    inUsualFloatState([](auto... args) { detail::convertRows(args...); }, roi, src, block, tail);
+  } else {
+    detail::convertRows(roi, src, block, tail);
+  }
   return tolkStatusOk;
 }
 template <class Size, class Source, class Target, int N, class BlockForm, class TailForm>

@@ -19,9 +19,10 @@
  * Blocks and tails. Where a family gives two formulas, columns below `width & ~(N - 1)` of every row use the block
  * formula and the rest the tail formula. Both are part of the definition: a sample may depend on its column.
  *
- * Floating point. Where a formula is one of floats, each operation is rounded on its own, and the result is defined for
- * a thread in the state that programs start in: rounding to nearest, denormal numbers kept. The integer colour twists
- * set the rounding mode themselves; integer formulas do not depend on it.
+ * Floating point. Where a formula is one of floats, each operation is rounded on its own, to nearest, and denormal
+ * numbers are kept. Functions that write integers do so in every thread: where they calculate in floats, they set its
+ * rounding mode and its flags for denormal numbers, and restore the caller's. Functions that write floats calculate in
+ * the thread's state, and their results are defined for the one that programs start in.
  *
  * Errors. The tests run in the stated order and the first fault is returned; nothing has been written then.
  */
@@ -2167,10 +2168,7 @@ TOLK_API TolkStatus tolkYCoCgToSBGR_Rev_32s16s_P3C4R(const int32_t* const src[3]
  * The fourth sample of an AC4 source is not used, that of the destination is left as it was. All planes of a side share
  * one step. Every column is calculated alike.
  *
- * The integer functions set the thread's rounding mode to nearest and restore the caller's at the end; results depend
- * neither on that mode nor on the flags that take denormal numbers for zero. The 32f functions change no mode: they
- * take the caller's, which has to be to nearest. The sign and payload of a 32f result that is not a number are not
- * defined.
+ * The sign and payload of a 32f result that is not a number are not defined.
  *
  * Any width and height from 1.
  *

@@ -141,6 +141,8 @@ LANE_OP auto narrowResult(LowBits<Both<I32<L>>> result) {
 // The samples of a pixel as floats, the results as samples.
 template <class From, class To, class Form>
 struct OnFloats {
+  static constexpr bool kUsesFloats = true;
+
   template <class... Regs>
   LANE_OP auto operator()(Regs... samples) const {
     const auto results = form(Both{lowHalf(detail::biased<From>(samples)), highHalf(detail::biased<From>(samples))}...);

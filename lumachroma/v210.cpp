@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "frame/checks.h"
+#include "lanes/float_state.h"
 
 using namespace tolk;
 
@@ -40,8 +41,7 @@ struct StepTest {
 };
 
 template <class Pixel>
-TolkStatus decodeRows(const uint32_t* src, int32_t srcStep, uint16_t* dst, int32_t dstStep, TolkSize roi, Pixel pixel) {
-  if (auto fault = check(pointers(src, dst), size(roi), StepTest{srcStep, dstStep})) return fault;
+void convertRows(const uint32_t* src, int32_t srcStep, uint16_t* dst, int32_t dstStep, TolkSize roi, Pixel pixel) {
   for (ptrdiff_t y = 0; y < roi.height; ++y) {
     const auto from = reinterpret_cast<const unsigned char*>(src) + y * srcStep * ptrdiff_t{sizeof *src};
     const auto to = reinterpret_cast<unsigned char*>(dst) + y * dstStep * ptrdiff_t{sizeof *dst};
@@ -50,6 +50,12 @@ TolkStatus decodeRows(const uint32_t* src, int32_t srcStep, uint16_t* dst, int32
       std::memcpy(to + x * ptrdiff_t{sizeof value}, &value, sizeof value);
     }
   }
+}
+
+template <class Pixel>
+TolkStatus decodeRows(const uint32_t* src, int32_t srcStep, uint16_t* dst, int32_t dstStep, TolkSize roi, Pixel pixel) {
+  if (auto fault = check(pointers(src, dst), size(roi), StepTest{srcStep, dstStep})) return fault;
+  inUsualFloatState(convertRows<Pixel>, src, srcStep, dst, dstStep, roi, pixel);
   return tolkStatusOk;
 }
 

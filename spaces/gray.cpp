@@ -19,8 +19,12 @@ uint16_t in15Bits(float weight) {
   return fits ? static_cast<uint16_t>(static_cast<int64_t>(scaled)) : uint16_t{0};
 }
 GrayWeights<uint16_t> chosenIn15Bits(const float* coeffs) {
-  return coeffs ? GrayWeights<uint16_t>{{in15Bits(coeffs[0]), in15Bits(coeffs[1]), in15Bits(coeffs[2])}}
-                : kGray601In15Bits;
+  if (!coeffs) return kGray601In15Bits;
+  return inUsualFloatState(
+      [](const float* w) {
+        return GrayWeights<uint16_t>{{in15Bits(w[0]), in15Bits(w[1]), in15Bits(w[2])}};
+      },
+      coeffs);
 }
 
 }  // namespace

@@ -46,6 +46,7 @@ struct GrayNotNegative {
 
 // 16 bits, in blocks of four, which also get the upper words of their neighbours' sums.
 struct GrayWithLeaks {
+  static constexpr bool kUsesFloats = true;
   static constexpr int kPixels = 4;
   static constexpr int kLeaksFrom[kPixels] = {2, 0, 1, 2};
 

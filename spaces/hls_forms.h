@@ -38,7 +38,7 @@ struct HlsFromRgb {
 // The same of bytes, whose extremes, differences and hue sectors need no floats.
 template <class Saturation = Refined>
 struct HlsFromRgb8 {
-  static constexpr bool kTakesSamples = true;
+  static constexpr bool kTakesSamples = true, kUsesFloats = true;
   using Plain = OnFloats<uint8_t, uint8_t, HlsFromRgb<uint8_t, Saturation>>;
 
   template <int L>
@@ -188,7 +188,7 @@ struct RgbFromHls {
 // Three channels through a form, the fourth as it is.
 template <class Form>
 struct WithAlpha {
-  static constexpr bool kTakesSamples = requires { Form::kTakesSamples; };
+  static constexpr bool kTakesSamples = requires { Form::kTakesSamples; }, kUsesFloats = true;
 
   LANE_OP static auto result(auto alpha) { return alpha; }
   template <int L>

@@ -21,7 +21,7 @@ struct Sector {
 
 // 8 bits: the estimates as they come, results to nearest.
 struct HsvFromRgb8 {
-  static constexpr bool kTakesSamples = true;
+  static constexpr bool kTakesSamples = true, kUsesFloats = true;
 
   LANE_OP static auto hue(auto d, auto from, auto to, auto start) {
     const auto e = estimatedReciprocal(d);

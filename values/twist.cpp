@@ -1,7 +1,6 @@
 // Colour twists of packed and planar pixels.
 #include "frame/checks.h"
 #include "frame/rows.h"
-#include "lanes/rounding.h"
 #include "values/packed_twist.h"
 
 using namespace tolk;
@@ -18,10 +17,11 @@ TolkStatus integerRows(TolkSize roi, auto src, auto dst, auto form) {
 
 template <class T>
 TolkStatus integerTwist(TolkSize roi, auto src, auto dst, const float (*twist)[4]) {
-  auto kernel = [](auto... args) { return integerRows(args...); };
-  const Weights<3> weights(twist);
-  if (kLanes > 0 && sumsFit(weights)) return roundingToNearest(kernel, roi, src, dst, IntegerTwist<T, true>{{weights}});
-  return roundingToNearest(kernel, roi, src, dst, IntegerTwist<T, false>{{weights}});
+  auto kernel = [](TolkSize size, auto from, auto to, const Weights<3>& weights) {
+    if (kLanes > 0 && sumsFit(weights)) return integerRows(size, from, to, IntegerTwist<T, true>{{weights}});
+    return integerRows(size, from, to, IntegerTwist<T, false>{{weights}});
+  };
+  return inUsualFloatState(kernel, roi, src, dst, Weights<3>(twist));
 }
 
 }  // namespace

@@ -1,7 +1,4 @@
-// Colour twists worked out by hand, in the library and in the reference, and the modes of the processor.
-#include <immintrin.h>
-
-#include <cfenv>
+// Colour twists worked out by hand, in the library and in the reference.
 #include <limits>
 
 #include "spaces/known_values.h"
@@ -117,47 +114,6 @@ TEST(Twist, FourFloats) {
                            {alike(1 + kE, 1, 0, 0), {1 + kE, -1 - 2 * kE, 0, 0}, all(0)},
                            {alike(1, 0, 0, 1 + kE), {-1 - 2 * kE, 0, 0, 1 + kE}, all(0)},
                        });
-}
-
-// Rounding for x87 and SSE, and denormal numbers taken for zero.
-struct Modes {
-  explicit Modes(int rounding) {
-    std::fegetenv(&before);
-    std::fesetround(rounding);
-    _mm_setcsr(_mm_getcsr() | _MM_FLUSH_ZERO_ON | _MM_DENORMALS_ZERO_ON);
-  }
-  ~Modes() { std::fesetenv(&before); }
-  static std::pair<int, unsigned> current() { return {std::fegetround(), _mm_getcsr() & ~unsigned{_MM_EXCEPT_MASK}}; }
-
-  std::fenv_t before;
-};
-
-TEST(Twist, ModesOfTheCaller) {
-  harness::Rig& rig = harness::sharedRig();
-  constexpr harness::Layout kRight{.flush = harness::Layout::Right};
-  for (const harness::Subject& subject : harness::subjects()) {
-    const bool integers = subject.function->src.sample != "32f";
-    if (subject.function->family != "Colour twist") continue;
-    for (const int mode : {FE_TONEAREST, FE_DOWNWARD, FE_UPWARD, FE_TOWARDZERO})
-      for (int32_t width = 1; width < 70; width += 1 + width / 8)
-        for (int32_t height = 0; height <= 7; ++height) {  // of 0 the size is refused
-          rig.prepare({&subject, {width, std::max(height, 1)}, kRight, kRight});
-          tolk::Call tested = rig.tested.call({&subject, {width, height}, kRight, kRight});
-          tolk::Call expected = rig.expected.call({&subject, {width, height}, kRight, kRight});
-          const TolkStatus want = rig.callExpected(expected);
-          TolkStatus got;
-          std::pair<int, unsigned> before, after;
-          {
-            const Modes modes(mode);
-            before = Modes::current();
-            got = rig.callTested(tested);
-            after = Modes::current();
-          }
-          ASSERT_EQ(got, want);
-          ASSERT_EQ(after, before) << subject.function->name << ", mode " << mode;
-          ASSERT_TRUE(!integers || rig.compare()) << "mode " << mode;
-        }
-  }
 }
 
 }  // namespace
