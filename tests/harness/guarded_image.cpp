@@ -10,14 +10,13 @@
 
 namespace harness {
 
-static constexpr int64_t kPage = 4096, kMargin = 96, kFar = int64_t{1} << 30;
+static constexpr int64_t kPage = 4096, kMargin = 96;
 
 static int64_t wholePages(int64_t bytes) { return (bytes + kPage - 1) / kPage * kPage; }
 
 std::string describe(const Layout& layout) {
-  std::string text = layout.rows == Layout::Guarded ? "guarded rows"
-                     : layout.rows == Layout::Far   ? "far rows"
-                                                    : "block";
+  std::string text = layout.rows == Layout::Guarded ? "guarded rows" : "block";
+  if (layout.apart) text += " " + std::to_string(layout.apart) + " apart";
   if (layout.alignment >= 0) {
     text += " at " + std::to_string(layout.alignment) + " modulo 32";
   } else {
@@ -55,8 +54,8 @@ Plane Image::guardedPlane(size_t index, const tolk::PlaneShape& shape, int64_t r
                           const Layout& layout) {
   const int64_t extraPages = steps == StepKind::Each ? static_cast<int64_t>(index) : 0;  // makes the steps differ
   const int64_t capacity = wholePages(rowSpan) + extraPages * kPage;
-  const int64_t stride = layout.rows == Layout::Far ? kFar : capacity + kPage;
-  const int64_t slots = std::max<int64_t>(shape.rows, layout.rows == Layout::Far ? 1 : 8);
+  const int64_t stride = layout.apart ? layout.apart : capacity + kPage;
+  const int64_t slots = std::max<int64_t>(shape.rows, layout.apart ? 1 : 8);
   const Arena& memory = arena(index, stride, capacity, slots);
   const int64_t used = layout.direction ? shape.rows : 1;
   uint8_t* start = memory.slot(layout.direction < 0 ? used - 1 : 0);

@@ -16,13 +16,14 @@ namespace harness {
 
 // Where the rows of an image lie.
 struct Layout {
-  enum Rows { Guarded, Far, Block };  // guard pages around every row; the same with 1 << 30 bytes a step; one block
-  enum Flush { Left, Right };         // the end of the row or block that touches a guard page
+  enum Rows { Guarded, Block };  // guard pages around every row, or one block
+  enum Flush { Left, Right };    // the end of the row or block that touches a guard page
   Rows rows = Guarded;
   Flush flush = Right;
   int direction = 1;   // -1 walks upward, 0 has every row at the same place
   int padding = 0;     // of a block: bytes between rows
   int alignment = -1;  // of a block: address of the first plane modulo 32; -1 lies flush
+  int64_t apart = 0;   // of guarded rows: bytes of a step, whole pages; 0 is next to each other
 };
 std::string describe(const Layout& layout);
 

@@ -176,34 +176,4 @@ TEST(Lab, ToFloats) {
                                });
 }
 
-// Rows further apart than 32 bits count, the source's from the lower to the upper.
-template <class Float>
-void expectFarRows(const char* name, std::array<Float, 3> from, std::array<Float, 3> want) {
-  constexpr int64_t kStep = (int64_t{1} << 32) + 4096;
-  const harness::Arena src(kStep, 4096, 2), dst(kStep, 4096, 2);
-  const harness::Subject& subject = harness::subject(name);
-  harness::announce(std::string(name) + ", far rows");
-  for (void* function : {subject.tested, subject.expected}) {
-    tolk::Call call;
-    call.roi = {1, 2};
-    for (size_t i = 0; i < 3; ++i) {
-      call.src.plane[i] = src.slot(1) + 64 * i;
-      call.dst.plane[i] = dst.slot(0) + 64 * i;
-      call.src.step[i] = -kStep;
-      call.dst.step[i] = kStep;
-      reinterpret_cast<Float*>(src.slot(0))[64 / sizeof(Float) * i] = from[i];
-    }
-    ASSERT_EQ(subject.function->invoke(function, call), tolkStatusOk);
-    for (size_t i = 0; i < 3; ++i) EXPECT_EQ(reinterpret_cast<Float*>(dst.slot(1))[64 / sizeof(Float) * i], want[i]);
-  }
-}
-
-TEST(Lab, StepsOf64Bits) {
-  expectFarRows<float>("tolkRGBToLab_32f_P3R_L", {0.008f, 0.008f, 0.008f}, {7.2264004f, 0, 0});
-  expectFarRows<double>("tolkRGBToLab_64f_P3R_L", {2, 2, 2}, {100, 0, 0});
-  expectFarRows<float>("tolkLabToRGB_32f_P3R_L", {100, 0, 0}, {1.0000007f, 1, 0.9999995f});
-  expectFarRows<double>("tolkLabToRGB_64f_P3R_L", {100, 0, 0},
-                        {1.0000007984255106, 1.000000058402982, 0.9999995537892481});
-}
-
 }  // namespace
