@@ -8,11 +8,21 @@ using namespace tolk;
 
 namespace {
 
-// Two rows of the mosaic, a red and a blue one, and those that they need: rows -2 to 3 from the first on.
+// The sites that a region of `sites` depends on; no others are read.
+Extent reachOf(Extent region, ptrdiff_t sites) {
+  return {std::max(region.begin - 2, ptrdiff_t{0}), std::min(region.end + 2, sites)};
+}
+
+// Two rows of the mosaic, a red and a blue one, and those that they need: rows -2 to 3 from the first on. Rows out of
+// reach are needed by a row outside the region.
 template <class T>
 struct SourceRows {
-  SourceRows(const Mosaic<T>& mosaic, ptrdiff_t y) : width(mosaic.width) {
-    for (int r = -2; r <= 3; ++r) row[r + 2] = mosaic.row(mirrored(y + r, mosaic.height));
+  SourceRows(const Mosaic<T>& mosaic, ptrdiff_t y, Extent rows, Extent columns)
+      : width(mosaic.width), reach(reachOf(columns, mosaic.width)) {
+    const Extent rowReach = reachOf(rows, mosaic.height);
+    for (int r = -2; r <= 3; ++r) {
+      row[r + 2] = mosaic.row(std::clamp(mirrored(y + r, mosaic.height), rowReach.begin, rowReach.end - 1));
+    }
     plainRow[0] = inFrame(y, mosaic.height);
     plainRow[1] = inFrame(y + 1, mosaic.height);
     redColumn = tolk::redColumn(mosaic.grid);
@@ -24,6 +34,7 @@ struct SourceRows {
   bool plainRow[2];
   int redColumn;
   ptrdiff_t width;
+  Extent reach;  // of columns
 };
 
 template <class T, int L>
@@ -57,13 +68,13 @@ template <class T>
   return places;
 }();
 
-// One lane of columns anywhere in a row that is no shorter; what lies past the row's end is undefined.
+// One lane of columns anywhere in a reach that is no shorter; what lies past the region's end is undefined.
 template <class T>
 LANE_OP RowPair<Reg<T, 1>> edgePair(const SourceRows<T>& src, ptrdiff_t x) {
   using Samples = Reg<T, 1>;
   constexpr ptrdiff_t kLane = kLanePixels<T>, kSize = sizeof(T);
   auto at = [&](int r, int c) __attribute__((always_inline)) {
-    const ptrdiff_t from = std::clamp(x + c, ptrdiff_t{0}, src.width - kLane);
+    const ptrdiff_t from = std::clamp(x + c, src.reach.begin, src.reach.end - kLane);
     const int8_t* places = kMirroredPlaces<T>.at + (x + c - from + 2) * kSize;
     return pick(loadLanes<16, T, 1>(src.at(r, from)), loadLanes<16, int8_t, 1>(places));
   };
@@ -127,7 +138,7 @@ template <class T>
   dst.storeSome(x, n, edgePair(src, x));
 }
 
-// Both rows of a mosaic that is no narrower than a lane.
+// Both rows of a region whose reach is no narrower than a lane.
 template <class T, int L>
 void convertVectors(const SourceRows<T>& src, const TargetRows<T>& dst, ptrdiff_t end) {
   constexpr ptrdiff_t kLane = kLanePixels<T>;
@@ -160,7 +171,7 @@ void convertPixels(const SourceRows<T>& src, const TargetRows<T>& dst, ptrdiff_t
 template <class T>
 void convertPair(const SourceRows<T>& src, const TargetRows<T>& dst, ptrdiff_t end) {
   if constexpr (kLanes > 0) {
-    if (src.width >= kLanePixels<T>) return convertVectors<T, kLanes>(src, dst, end);
+    if (src.reach.end - src.reach.begin >= kLanePixels<T>) return convertVectors<T, kLanes>(src, dst, end);
   }
   convertPixels(src, dst, end);
 }
@@ -175,11 +186,12 @@ TolkStatus demosaic(const T* src, TolkRect rect, TolkSize size, ptrdiff_t srcSte
                     uint32_t grid) {
   const Mosaic<T> mosaic = {reinterpret_cast<const uint8_t*>(src), srcStep, size.width, size.height, grid};
   const Extent columns = inside(rect.x, rect.width, size.width), rows = inside(rect.y, rect.height, size.height);
+  if (columns.begin >= columns.end) return tolkStatusOk;
   const auto target = to<RGB3>(dst + 3 * (columns.begin - rect.x), dstStep);
   for (ptrdiff_t y = rows.begin - ((rows.begin ^ redRow(grid)) & 1); y < rows.end; y += 2) {
     const TargetRows<T> pair = {target.row(y - rect.y), target.row(y + 1 - rect.y), y >= rows.begin, y + 1 < rows.end,
                                 columns.begin};
-    convertPair(SourceRows<T>(mosaic, y), pair, columns.end);
+    convertPair(SourceRows<T>(mosaic, y, rows, columns), pair, columns.end);
   }
   return tolkStatusOk;
 }

@@ -2556,9 +2556,9 @@ enum {
  *
  * src addresses the site (0, 0) of the whole mosaic of srcSize, W by H sites; the colour of a site follows from its
  * coordinates there and from grid. dst addresses the pixel of the site (x, y) of srcRect. A rectangle that runs over
- * the mosaic's right or bottom edge is trimmed; sites of negative coordinates are neither computed nor written. Any
- * site of the mosaic may be read; only those up to two away from the rectangle count. Outside the mosaic its sites are
- * mirrored at the edge sites, which are not repeated: column -1 is column 1, column W is column W - 2.
+ * the mosaic's right or bottom edge is trimmed; sites of negative coordinates are neither computed nor written. Sites
+ * of the mosaic are read up to two away from the rectangle, no others. Outside the mosaic its sites are mirrored at the
+ * edge sites, which are not repeated: column -1 is column 1, column W is column W - 2.
  *
  * Every average rounds a half up. A red or blue site takes the opposite colour from its four diagonal neighbours. A
  * green site takes one colour from the left and the right neighbour, the other from above and below. With

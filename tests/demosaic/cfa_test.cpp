@@ -75,5 +75,39 @@ TEST(CfaToRgb, GreenTakesTheSmallerGradient) {
   }
 }
 
+// Only those sites are there that the rectangle depends on: two around it, as far as the mosaic goes.
+TEST(CfaToRgb, ReadsTwoSitesAround) {
+  using harness::Layout;
+  auto reach = [](int64_t begin, int64_t count, int64_t sites) {
+    const int64_t first = std::max<int64_t>(begin - 2, 0);
+    return std::pair(first, std::max<int64_t>(std::min(std::max<int64_t>(begin, 0) + count + 2, sites) - first, 1));
+  };
+  harness::Rig& rig = harness::sharedRig();
+  for (const char* name : {kBytes, kWords})
+    for (uint32_t variant = 1; variant < 4000; ++variant) {
+      const Layout layout{.flush = variant % 2 ? Layout::Left : Layout::Right};
+      const harness::Case c{.subject = &harness::subject(name),
+                            .roi = {static_cast<int32_t>(5 + variant % 90), static_cast<int32_t>(4 + variant % 11)},
+                            .src = layout,
+                            .dst = layout,
+                            .variant = variant};
+      rig.prepare(c);
+      tolk::Call tested = rig.tested.call(c), expected = rig.expected.call(c);
+      const TolkRectL rect = *tested.rect;
+      const auto [x, columns] = reach(rect.x, rect.width + std::min<int64_t>(rect.x, 0), c.roi.width);
+      const auto [y, rows] = reach(rect.y, rect.height + std::min<int64_t>(rect.y, 0), c.roi.height);
+      const int64_t bytes = tolk::sampleBits(c.subject->function->src.sample) / 8;
+      for (auto [images, call] : {std::pair(&rig.tested, &tested), std::pair(&rig.expected, &expected)}) {
+        images->src.layOut({{columns * bytes, rows, 1}}, harness::StepKind::Shared, layout);
+        images->src.fill(harness::Contents::Random, variant);
+        const harness::Plane& plane = images->src.planes()[0];
+        call->src = images->src.side();
+        call->src.plane[0] = plane.first - x * bytes - y * plane.step;
+      }
+      ASSERT_EQ(rig.callTested(tested), rig.callExpected(expected));
+      ASSERT_TRUE(rig.compare());
+    }
+}
+
 }  // namespace
 }  // namespace demosaic
