@@ -1,11 +1,7 @@
 // Runs cases, names differences and faults.
 #include "harness/compare.h"
 
-#include <signal.h>
-#include <unistd.h>
-
 #include <algorithm>
-#include <cstdio>
 #include <cstring>
 #include <iterator>
 #include <limits>
@@ -15,27 +11,6 @@
 #include "reference_declarations.h"
 
 namespace harness {
-
-// Units of the last place between a power of the library and the true one, as the header states.
-static constexpr double kPowerAccuracy = 0.51;
-
-static char runningCase[512] = "no case running";
-
-static void onFault(int) {
-  constexpr char kMessage[] = "\nfault in ";
-  (void)!write(STDERR_FILENO, kMessage, sizeof kMessage - 1);
-  (void)!write(STDERR_FILENO, runningCase, strlen(runningCase));
-  (void)!write(STDERR_FILENO, "\n", 1);
-}
-
-void reportFaults() {
-  struct sigaction action {};
-  action.sa_handler = onFault;
-  action.sa_flags = static_cast<int>(SA_RESETHAND);  // the faulting instruction then ends the program
-  for (const int signal : {SIGSEGV, SIGBUS, SIGILL, SIGFPE}) sigaction(signal, &action, nullptr);
-}
-
-void announce(const std::string& text) { snprintf(runningCase, sizeof runningCase, "%s", text.c_str()); }
 
 std::string describe(const Case& c) {
   constexpr const char* kContents[] = {"", ", zeros", ", ones", ", alternating", ", extremes"};
@@ -248,9 +223,9 @@ TolkStatus Rig::callExpected(const tolk::Call& call) const {
   tolk::Call highest = call;
   move(highest.src, expected.src, highest_.src);
   move(highest.dst, expected.dst, highest_.dst);
-  reference::powerShift = kPowerAccuracy - 0.5;
+  reference::powerShift = reference::kPowerAccuracy - 0.5;
   function().invoke(reference, highest);
-  reference::powerShift = 0.5 - kPowerAccuracy;
+  reference::powerShift = 0.5 - reference::kPowerAccuracy;
   const TolkStatus status = function().invoke(reference, call);
   reference::powerShift = 0;
   return status;

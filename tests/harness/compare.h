@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include "fault_note.h"
 #include "harness/guarded_image.h"
 
 namespace harness {
@@ -26,7 +27,7 @@ struct Images {
 
 class Rig {
  public:
-  void prepare(const Case& c);  // lays out and fills both implementations' images
+  void prepare(const Case& c);  // announces it, lays out and fills both implementations' images
   void fillExpected();
   TolkStatus callTested(const tolk::Call& call) const { return function().invoke(case_.subject->tested, call); }
   TolkStatus callExpected(const tolk::Call& call) const;  // on images of `expected`
@@ -52,8 +53,6 @@ class Rig {
 Rig& sharedRig();
 testing::AssertionResult runCase(const Case& c);
 
-// A fault signal prints the text last announced before the program dies; preparing a case announces it.
-void reportFaults();
-void announce(const std::string& text);
+using tolk::announce, tolk::reportFaults;
 
 }  // namespace harness

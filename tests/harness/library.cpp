@@ -9,20 +9,7 @@
 #include <filesystem>
 #include <string>
 
-#include "reference_declarations.h"
-#include "table_binding.h"
-
-namespace tolk {
-
-#define FUNCTION_SCOPE reference::
-static const std::vector<Function>& referenceTable() {
-  static const std::vector<Function> kTable = {
-#include "function_table.inc"
-  };
-  return kTable;
-}
-
-}  // namespace tolk
+#include "reference/table.h"
 
 namespace harness {
 
@@ -50,7 +37,7 @@ void* librarySymbol(const char* name) { return dlsym(handle, name); }
 const std::vector<Subject>& subjects() {
   static const std::vector<Subject> kSubjects = [] {
     std::vector<Subject> list;
-    for (const tolk::Function& function : tolk::referenceTable()) {
+    for (const tolk::Function& function : reference::functions()) {
       const std::string name(function.name);
       list.push_back({&function, librarySymbol(name.c_str()), function.linked});
       if (!list.back().tested) fail(name + " is not exported");
@@ -65,20 +52,6 @@ const Subject& subject(std::string_view name) {
       std::find_if(subjects().begin(), subjects().end(), [&](const Subject& s) { return s.function->name == name; });
   if (found == subjects().end()) fail(std::string(name) + " is not in the table");
   return *found;
-}
-
-SideArguments sideArguments(const tolk::Function& function, std::string_view name) {
-  SideArguments result;
-  for (const tolk::Parameter& parameter : function.parameters) {
-    const std::string_view rest = parameter.name.substr(std::min(name.size(), parameter.name.size()));
-    if (!parameter.name.starts_with(name) || rest.starts_with("Dst")) continue;
-    if (rest.find("Step") == std::string_view::npos) {
-      result.array = result.array || rest.starts_with("[");
-    } else {
-      result.steps = rest == "Step" ? StepKind::Shared : StepKind::Each;
-    }
-  }
-  return result;
 }
 
 }  // namespace harness

@@ -16,19 +16,7 @@ struct Subject {
   void* expected;
 };
 
-enum class StepKind { None, Shared, Each };  // no step argument; one for all planes; one a plane
-
-// What the signature says of one side; `name` is "src", "dst" or, in place, "srcDst".
-struct SideArguments {
-  bool array = false;  // planes behind an array of pointers
-  StepKind steps = StepKind::None;
-};
-SideArguments sideArguments(const tolk::Function& function, std::string_view name);
-
-// Null weights are a request for the usual ones, but one function reads them untested.
-inline bool takesNullCoeffs(const tolk::Function& f) {
-  return f.has("coeffs[3]") && f.name != "tolkColorToGray_64f_AC4C1R";
-}
+using tolk::SideArguments, tolk::sideArguments, tolk::StepKind, tolk::takesNullCoeffs;
 
 // Defined but for the accuracy of a single-precision power.
 inline bool roundsPower(const tolk::Function& f) { return f.family == "Gamma" && f.src.sample == "32f"; }

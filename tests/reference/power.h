@@ -5,6 +5,9 @@
 
 namespace reference {
 
+// Units of the last place between a power of the library and the true one, as the header states.
+constexpr double kPowerAccuracy = 0.51;
+
 // Units of the last place by which the true power is moved before it is rounded. A power within 0.5 + s units of the
 // true one lies between those of -s and of s, and so does what a rising function makes of it.
 inline double powerShift = 0;

@@ -60,6 +60,20 @@ std::vector<PlaneShape> planeShapes(const SideInfo& side, TolkSize roi) {
   return planes;
 }
 
+SideArguments sideArguments(const Function& function, std::string_view name) {
+  SideArguments result;
+  for (const tolk::Parameter& parameter : function.parameters) {
+    const std::string_view rest = parameter.name.substr(std::min(name.size(), parameter.name.size()));
+    if (!parameter.name.starts_with(name) || rest.starts_with("Dst")) continue;
+    if (rest.find("Step") == std::string_view::npos) {
+      result.array = result.array || rest.starts_with("[");
+    } else {
+      result.steps = rest == "Step" ? StepKind::Shared : StepKind::Each;
+    }
+  }
+  return result;
+}
+
 static size_t scratchSize(const Function& function, Call& call) {
   if (!function.has("buffer")) return 0;
   if (function.has("bufferStep")) {

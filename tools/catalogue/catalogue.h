@@ -77,6 +77,18 @@ struct Function {
 std::span<const Function> functions();
 const Function* findFunction(std::string_view name);
 
+enum class StepKind { None, Shared, Each };  // no step argument; one for all planes; one a plane
+
+// What the signature says of one side; `name` is "src", "dst" or, in place, "srcDst".
+struct SideArguments {
+  bool array = false;  // planes behind an array of pointers
+  StepKind steps = StepKind::None;
+};
+SideArguments sideArguments(const Function& function, std::string_view name);
+
+// Null weights are a request for the usual ones, but one function reads them untested.
+inline bool takesNullCoeffs(const Function& f) { return f.has("coeffs[3]") && f.name != "tolkColorToGray_64f_AC4C1R"; }
+
 // One plane of an image: its rows are `rowBytes` long without slack.
 struct PlaneShape {
   int64_t rowBytes;

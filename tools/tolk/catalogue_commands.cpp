@@ -1,9 +1,7 @@
 // What the library holds: list, info and version.
 #include <dlfcn.h>
-#include <fnmatch.h>
 
 #include <algorithm>
-#include <cctype>
 #include <filesystem>
 #include <iomanip>
 #include <iostream>
@@ -38,14 +36,6 @@ constexpr std::pair<std::string_view, std::string_view> kOrigins[] = {{"alpha", 
                                                                       {"bufferStep", "as large as it has to be"},
                                                                       {"buffer", "as large as it has to be"},
                                                                       {"stripe", "21, a whole picture"}};
-
-bool matches(const std::string& pattern, std::string_view name) {
-  if (pattern.find_first_of("*?[") != std::string::npos) {
-    return ::fnmatch(pattern.c_str(), std::string(name).c_str(), FNM_CASEFOLD) == 0;
-  }
-  auto same = [](unsigned char a, unsigned char b) { return std::tolower(a) == std::tolower(b); };
-  return std::search(name.begin(), name.end(), pattern.begin(), pattern.end(), same) != name.end();
-}
 
 void printIndented(std::string_view text) {
   while (!text.empty()) {

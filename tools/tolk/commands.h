@@ -14,6 +14,13 @@ void listFunctions(const std::string& pattern);
 void showFunction(const std::string& name);
 void showVersion();
 
+struct SelftestOptions {
+  std::string pattern;
+  std::string library;  // a file, or empty for that which the loader chose
+  bool verbose = false;
+};
+void testLibrary(const SelftestOptions& options);
+
 inline const std::map<std::string, uint32_t> kDitherTypes = {
     {"none", 0}, {"fs", 1}, {"jjn", 2}, {"stucki", 3}, {"bayer", 4}};
 

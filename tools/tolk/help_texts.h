@@ -181,4 +181,21 @@ OUT is gray: png, tiff, pgm, or for every other name raw bytes, a sample in one 
 bits in a little-endian word of 16. Full scale stays full scale; 10, 12 and 14 bits are for pgm and raw
 bytes. 'tolk demosaic' makes a picture of it again, and 'tolk compare' tells how near that is.)";
 
+inline constexpr char kSelftestText[] = R"(
+Examples:
+  tolk selftest
+  tolk selftest 'tolkRGBTo*_8u*' --verbose
+  tolk selftest --library build/lib/libtolkcolor.so
+
+Calls every function over fixed images of many sizes, steps and contents, good arguments and bad, and compares
+statuses and all bytes, also those around the images, with a table. It comes from plain code that was written
+apart from the library.
+
+Most functions are judged by a digest of all that. Of those that take the processor's estimate of a
+reciprocal, and of gamma in floating point, whose power has a stated accuracy, a digest judges all other bytes,
+and the results of one call have to lie within the bounds that the function's text states. So it is where the
+C library's pow gives other bits than usual.
+
+Exit status: 0 if all is as defined, else 1; a function that crashes is named.)";
+
 }  // namespace tolk

@@ -1,6 +1,8 @@
 // A function by the name that a user typed.
 #include "lookup.h"
 
+#include <fnmatch.h>
+
 #include <algorithm>
 #include <cctype>
 #include <numeric>
@@ -29,6 +31,14 @@ size_t distance(std::string_view a, std::string_view b) {
 }
 
 }  // namespace
+
+bool matches(const std::string& pattern, std::string_view name) {
+  if (pattern.find_first_of("*?[") != std::string::npos) {
+    return ::fnmatch(pattern.c_str(), std::string(name).c_str(), FNM_CASEFOLD) == 0;
+  }
+  auto same = [](unsigned char a, unsigned char b) { return std::tolower(a) == std::tolower(b); };
+  return std::search(name.begin(), name.end(), pattern.begin(), pattern.end(), same) != name.end();
+}
 
 const Function& requireFunction(const std::string& name) {
   if (const Function* function = findFunction(name)) return *function;

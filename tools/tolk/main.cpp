@@ -28,6 +28,16 @@ void addCatalogueCommands(CLI::App& app, std::string& name) {
   });
 }
 
+void addSelftestCommand(CLI::App& app, tolk::SelftestOptions& options) {
+  auto* test = app.add_subcommand("selftest", "Prove that the library is exact on this processor");
+  test->footer(tolk::kSelftestText);
+  test->add_option("FUNCTION", options.pattern, "only these, as of tolk list");
+  test->add_option("--library", options.library, "the library's file, in place of the one that the loader chose")
+      ->type_name("FILE");
+  test->add_flag("--verbose", options.verbose, "print what is judged of every function");
+  test->callback([&] { tolk::testLibrary(options); });
+}
+
 CLI::Option* addGrid(CLI::App* command, std::string& grid, const char* words) {
   return command->add_option("--grid", grid, words)
       ->check(CLI::IsMember({"rggb", "bggr", "gbrg", "grbg"}))
@@ -220,6 +230,7 @@ int parse(int count, char** words) {
   CLI::App app("Colour conversion of pictures with TolkColor", "tolk");
   app.require_subcommand(1);
   std::string name;
+  tolk::SelftestOptions selftestOptions;
   tolk::RunOptions runOptions;
   tolk::ConvertOptions convertOptions;
   tolk::ViewOptions viewOptions;
@@ -233,6 +244,7 @@ int parse(int count, char** words) {
   tolk::PanelOptions panelOptions;
   ComparedPictures compared;
   addCatalogueCommands(app, name);
+  addSelftestCommand(app, selftestOptions);
   addRunCommand(app, runOptions);
   addConvertCommand(app, convertOptions);
   addViewCommand(app, viewOptions);
