@@ -145,7 +145,8 @@ Call Runner::prepare(const Function& f, const Plan& plan, uint32_t turn) {
     src_.layOut(planeShapes(f.src, plan.roi), sideArguments(f, "src").steps, plan.src);
   }
   dst_.layOut(planeShapes(f.dst, written), sideArguments(f, f.inPlace ? "srcDst" : "dst").steps, plan.dst);
-  src_.fill(f.src.sample, plan.contents, turn);
+  const bool ofUnit = f.dst.space == "LUV" && f.src.sample == "32f";  // brighter pixels may have an L that is no number
+  src_.fill(f.src.sample, ofUnit && plan.contents == Contents::Random ? Contents::Unit : plan.contents, turn);
   dst_.fill(f.dst.sample, plan.contents, ~turn);
   call.dst = dst_.side();
   call.src = f.inPlace ? call.dst : src_.side();

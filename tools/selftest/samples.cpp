@@ -42,7 +42,7 @@ static Pool floats(Contents contents) {
   constexpr Float kLeast = Limits::denorm_min(), kSmallest = Limits::min();
   if (contents == Contents::Extremes)
     return oneOf<Float>({0, Float{-0.0}, 1, -1, Float{0.5}, 1 + Limits::epsilon(), kLeast, -kLeast, kSmallest,
-                         -kSmallest, kSmallest - kLeast, Float{0.008856f}, Float{0.018f}, 2, 255, -65536, 1000000});
+                         -kSmallest, kSmallest - kLeast, Float{0.008856f}, Float{0.018f}});
   return drawn<Float>([=](auto& random) {
     const double value = fraction(random);
     if (contents == Contents::Unit) return static_cast<Float>(value * 0.625 + 0.5);

@@ -7,8 +7,8 @@
 
 namespace tolk::selftest {
 
-// Unit: floats from 0 to 1 and a little beyond. Extremes: few values, the ends of a range among them; never a NaN nor
-// an infinity, of which not every bit is defined.
+// Unit: floats from 0 to 1 and a little beyond. Extremes: few values, the ends of integers and small floats among
+// them. None is a NaN or makes one, since not every bit of those is defined.
 enum class Contents { Random, Unit, Extremes };
 
 void fillSamples(std::span<uint8_t> target, std::string_view sample, Contents contents, uint32_t& seed);

@@ -6,7 +6,7 @@ _tolk() {
     words=$("$tolk" --help 2>/dev/null | sed -n '/^Subcommands:/,$ s/^  \([a-z0-9]*\)  .*/\1/p')
   elif [[ $current == -* ]]; then
     words=$("$tolk" "$command" --help 2>/dev/null | grep -o '^  [^ ]*' | tr ', ' '\n\n' | grep '^--')
-  elif [[ $command == @(run|info) && COMP_CWORD -eq 2 ]]; then
+  elif [[ $command == @(run|info|selftest) && COMP_CWORD -eq 2 ]]; then
     words=$("$tolk" list 2>/dev/null | grep -o '^tolk[^ ]*')
   elif [[ $previous == @(--from|--to|--space) ]]; then
     words=$("$tolk" formats 2>/dev/null | grep -o '^[^ ]*')

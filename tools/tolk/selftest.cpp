@@ -113,14 +113,16 @@ void testLibrary(const SelftestOptions& options) {
     if (!verdict.fault.empty()) {
       std::cout << subject.name << ' ' << verdict.fault << '\n';
     } else if (verdict.unusual) {
-      std::cout << subject.name << " is within its bounds, but has not the bits of a usual C library's pow\n";
+      std::cout << subject.name << " is within its bounds, with other bits than by the usual pow\n";
     } else if (options.verbose) {
       std::cout << subject.name << (verdict.byBound ? " is within its bounds\n" : " is right\n");
     }
   }
   if (byDigest + byBound == 0) throw std::runtime_error("no function matches " + options.pattern);
   std::cout << byDigest << " functions judged by digest, " << byBound << " by bound\n";
-  if (faults) throw std::runtime_error("FAILED: " + std::to_string(faults) + " functions are not as defined");
+  if (faults)
+    throw std::runtime_error("FAILED: not as defined: " + std::to_string(faults) + " of " +
+                             std::to_string(byDigest + byBound));
   std::cout << "PASSED: all are as defined\n";
 }
 
