@@ -111,7 +111,7 @@ void testLibrary(const SelftestOptions& options) {
     ++(verdict.byBound ? byBound : byDigest);
     faults += !verdict.fault.empty();
     if (!verdict.fault.empty()) {
-      std::cout << subject.name << ' ' << verdict.fault << '\n';
+      std::cout << subject.name << ' ' << verdict.fault << std::endl;  // the next one may crash
     } else if (verdict.unusual) {
       std::cout << subject.name << " is within its bounds, with other bits than by the usual pow\n";
     } else if (options.verbose) {
