@@ -183,13 +183,12 @@ bytes. 'tolk demosaic' makes a picture of it again, and 'tolk compare' tells how
 
 inline constexpr char kSelftestText[] = R"(
 Examples:
-  tolk selftest
-  tolk selftest 'tolkRGBTo*_8u*' --verbose
   tolk selftest --library build/lib/libtolkcolor.so
+  tolk selftest 'tolkRGBTo*_8u*' --verbose --library ./libtolkcolor.so
 
-Calls every function over fixed images of many sizes, steps and contents, good arguments and bad, and compares
-statuses and all bytes, also those around the images, with a table. It comes from plain code that was written
-apart from the library.
+Without options, the library that the loader chose. Calls every function over fixed images of many sizes, steps
+and contents, with good arguments and bad, and compares statuses and all bytes, also those around the images,
+with a table. It comes from plain code that was written apart from the library.
 
 Most functions are judged by a digest of all that. Of those that take the processor's estimate of a
 reciprocal, and of gamma in floating point, whose power has a stated accuracy, a digest judges all other bytes,
