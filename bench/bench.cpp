@@ -201,7 +201,7 @@ void runPeer(benchmark::State& state, const tolk::Function& function, const Peer
   Images ours(function, roi), theirs(function, roi);
   const Conversion convert = findConversion(peer, function, roi);
   convert(theirs.call);
-  function.invoke(function.linked, ours.call);
+  function.invoke(function.linked(), ours.call);
   // Another range of the samples makes 13 at most, samples in exchange far more.
   const double far = distance(function, ours, theirs);
   if (far > 16) {

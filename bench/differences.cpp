@@ -89,7 +89,7 @@ std::unique_ptr<Image> make(const tolk::SideInfo& info, const Photo& photo, int 
       continue;
     auto source = make(f.src, photo, steps - 1);
     if (!source) continue;
-    f.invoke(f.linked, {.src = source->side(), .dst = image->side(), .roi = photo.roi, .alpha = 255});
+    f.invoke(f.linked(), {.src = source->side(), .dst = image->side(), .roi = photo.roi, .alpha = 255});
     return image;
   }
   return nullptr;
@@ -127,7 +127,7 @@ void report(const tolk::Function& f, const Peer& peer, const Photo& photo, Conve
   if (!source) return;
   Image ours(f.dst, photo.roi), theirs(f.dst, photo.roi);
   const tolk::Call call{.src = source->side(), .dst = ours.side(), .roi = photo.roi, .alpha = 255};
-  f.invoke(f.linked, call);
+  f.invoke(f.linked(), call);
   tolk::Call other = call;
   other.dst = theirs.side();
   convert(other);

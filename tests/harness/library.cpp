@@ -39,7 +39,7 @@ const std::vector<Subject>& subjects() {
     std::vector<Subject> list;
     for (const tolk::Function& function : reference::functions()) {
       const std::string name(function.name);
-      list.push_back({&function, librarySymbol(name.c_str()), function.linked});
+      list.push_back({&function, librarySymbol(name.c_str()), function.linked()});
       if (!list.back().tested) fail(name + " is not exported");
     }
     return list;

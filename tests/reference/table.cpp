@@ -7,13 +7,8 @@
 namespace tolk {
 
 #define FUNCTION_SCOPE reference::
-static const std::vector<Function>& referenceTable() {
-  static const std::vector<Function> kTable = {
 #include "function_table.inc"
-  };
-  return kTable;
-}
 
 }  // namespace tolk
 
-const std::vector<tolk::Function>& reference::functions() { return tolk::referenceTable(); }
+std::span<const tolk::Function> reference::functions() { return tolk::kTable; }

@@ -1,12 +1,12 @@
 // The references in the order of the function table.
 #pragma once
 
-#include <vector>
+#include <span>
 
 #include "catalogue.h"
 
 namespace reference {
 
-const std::vector<tolk::Function>& functions();  // `linked` is the reference
+std::span<const tolk::Function> functions();  // `linked` gives the reference
 
 }  // namespace reference

@@ -2,6 +2,7 @@
 // chroma, one function for each rule of the header.
 #include <algorithm>
 #include <cctype>
+#include <cstdlib>
 #include <set>
 
 #include "sweeps/all_functions.h"
@@ -37,22 +38,26 @@ static std::vector<harness::Subject> groupFunctions(bool encoders) {
   return list;
 }
 
-// The pixel values in order, and so mixed that neighbours, whose sums the groups take, have nothing in common.
-static constexpr auto kInOrder = [](int64_t i) { return static_cast<uint32_t>(i); };
-static constexpr auto kMixed = [](int64_t i) {  // a permutation of 24 bits
+// All pixel values, so mixed that neighbours, whose sums the groups take, have nothing in common.
+static constexpr uint32_t pixelValue(int64_t i) {  // a permutation of 24 bits
   uint32_t value = static_cast<uint32_t>(i) * 0x9E3779 & 0xFFFFFF;
   value = (value ^ value >> 13) * 0x5BD1E9 & 0xFFFFFF;
   return value ^ value >> 11;
-};
+}
+
+// TOLK_SAMPLE=n makes every input one chunk of inputs in n.
+static int64_t sampled(int64_t chunk) {
+  const char* sample = std::getenv("TOLK_SAMPLE");
+  return chunk * std::max(sample ? std::atoi(sample) : 1, 1);
+}
 
 class Exhaustive : public AllFunctions {
  protected:
   // Chunks of rows `width` wide hold each pixel value once.
-  template <class Order>
-  void everyPixel(int32_t width, Order order) {
+  void everyPixel(int32_t width) {
     const TolkSize roi{width, static_cast<int32_t>(kChunk / width)};
     harness::Rig& rig = harness::sharedRig();
-    for (int64_t next = 0; next < kPixels; next += int64_t{roi.width} * roi.height) {
+    for (int64_t next = 0; next < kPixels; next += sampled(int64_t{roi.width} * roi.height)) {
       rig.prepare({&GetParam(), roi, kTight, kTight});
       const harness::Image &image = rig.input(rig.tested), &other = rig.input(rig.expected);
       for (int channel = 0; channel < 3; ++channel) {
@@ -61,7 +66,7 @@ class Exhaustive : public AllFunctions {
         int64_t i = next;
         for (int32_t y = 0; y < roi.height; ++y, row += image.planes()[0].step)
           for (int32_t x = 0; x < roi.width; ++x)
-            row[x * stride] = static_cast<uint8_t>(order(i++) >> (16 - 8 * channel));
+            row[x * stride] = static_cast<uint8_t>(pixelValue(i++) >> (16 - 8 * channel));
       }
       for (size_t p = 0; p < image.planes().size(); ++p)
         std::ranges::copy(image.planes()[p].windows[0], other.planes()[p].windows[0].begin());
@@ -71,22 +76,22 @@ class Exhaustive : public AllFunctions {
 };
 INSTANTIATE_TEST_SUITE_P(All, Exhaustive, testing::ValuesIn(pixelFunctions()), functionName);
 
-TEST_P(Exhaustive, InBlocks) { everyPixel(4096, kInOrder); }
+TEST_P(Exhaustive, InBlocks) { everyPixel(4096); }
 // Narrower than any block: all columns are tail.
-TEST_P(Exhaustive, InTails) { everyPixel(3, kInOrder); }
+TEST_P(Exhaustive, InTails) { everyPixel(3); }
 // The longest tail of a 16-column block, where a tail may be computed several pixels at a time.
-TEST_P(Exhaustive, InLongTails) { everyPixel(15, kInOrder); }
+TEST_P(Exhaustive, InLongTails) { everyPixel(15); }
 
 class ExhaustiveEncoders : public Exhaustive {};
 INSTANTIATE_TEST_SUITE_P(All, ExhaustiveEncoders, testing::ValuesIn(groupFunctions(true)), functionName);
 
-TEST_P(ExhaustiveEncoders, InBlocks) { everyPixel(4096, kMixed); }
+TEST_P(ExhaustiveEncoders, InBlocks) { everyPixel(4096); }
 // Narrower than any block. In 4:2:2 a last odd column follows the pair, and a tail may depend on the block before it.
 TEST_P(ExhaustiveEncoders, InTails) {
   const auto [across, down] = chromaGroup(GetParam().function->dst);
   const bool pairs = across == 2 && down == 1;
-  everyPixel(pairs ? 3 : across, kMixed);
-  if (pairs) everyPixel(11, kMixed);
+  everyPixel(pairs ? 3 : across);
+  if (pairs) everyPixel(11);
 }
 
 class ExhaustiveDecoders : public AllFunctions {
@@ -100,7 +105,7 @@ class ExhaustiveDecoders : public AllFunctions {
     const int rows = (255 + counted * group.down) / (counted * group.down);
     const int64_t chunk = kChunk / (width * group.down);
     harness::Rig& rig = harness::sharedRig();
-    for (int64_t next = 0; next < (1 << 16) * rows; next += chunk) {
+    for (int64_t next = 0; next < (1 << 16) * rows; next += sampled(chunk)) {
       rig.prepare({&GetParam(), {width, static_cast<int32_t>(chunk * group.down)}, kTight, kTight});
       for (harness::Images* images : {&rig.tested, &rig.expected})
         for (int64_t y = 0; y < chunk; ++y) {

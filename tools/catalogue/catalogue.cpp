@@ -9,18 +9,13 @@
 namespace tolk {
 
 #define FUNCTION_SCOPE
-static const std::vector<Function>& table() {
-  static const std::vector<Function> kTable = {
 #include "function_table.inc"
-  };
-  return kTable;
-}
 
-std::span<const Function> functions() { return table(); }
+std::span<const Function> functions() { return kTable; }
 
 const Function* findFunction(std::string_view name) {
-  auto found = std::find_if(table().begin(), table().end(), [&](const Function& f) { return f.name == name; });
-  return found == table().end() ? nullptr : &*found;
+  const auto found = std::ranges::find(kTable, name, &Function::name);
+  return found == std::end(kTable) ? nullptr : found;
 }
 
 bool Function::has(std::string_view parameterName) const {

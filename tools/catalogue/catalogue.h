@@ -66,9 +66,9 @@ struct Function {
   std::string_view name, family, operation, variant;
   SideInfo src, dst;
   bool inPlace;
-  std::vector<Parameter> parameters;
+  std::span<const Parameter> parameters;
   std::string_view familyText, text;  // the header's words
-  void* linked;                       // the function in the library that this program is linked with
+  void* (*linked)();                  // gives the function in the library that this program is linked with
   TolkStatus (*invoke)(void* function, const Call& call);
 
   bool has(std::string_view parameterName) const;

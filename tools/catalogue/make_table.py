@@ -142,16 +142,21 @@ def main():
                 print(f"{match.group(1)} {match.group(2)}({match.group(3)});")
         print("}")
         return
-    for f in functions(header):
-        name = f["name"]
+    table = list(functions(header))
+    for f in table:  # all constants: code that makes such a table takes half a minute to compile
         listed = ", ".join(f"{{{quoted(kind)}, {quoted(label)}}}" for kind, label in f["parameters"])
+        print(f"static constexpr Parameter parametersOf_{f['name']}[] = {{{listed}}};")
+    print("static constexpr Function kTable[] = {")
+    for f in table:
+        name = f["name"]
         call = ", ".join(argument(kind, label, f["elementSteps"]) for kind, label in f["parameters"])
         print(f"{{{quoted(name)}, {quoted(f['family'])}, {quoted(f['operation'])}, {quoted(f['variant'])},\n"
               f" {cpp_side(f['src'])},\n {cpp_side(f['dst'])},\n"
-              f" {'true' if f['inPlace'] else 'false'}, {{{listed}}},\n"
+              f" {'true' if f['inPlace'] else 'false'}, parametersOf_{name},\n"
               f" {quoted(f['familyText'])},\n {quoted(f['text'])},\n"
-              f" reinterpret_cast<void*>(&FUNCTION_SCOPE {name}),\n"
+              f" [] {{ return reinterpret_cast<void*>(&FUNCTION_SCOPE {name}); }},\n"
               f" [](void* f, const Call& c) {{ return reinterpret_cast<decltype(&{name})>(f)({call}); }}}},")
+    print("};")
 
 
 if __name__ == "__main__":

@@ -80,7 +80,7 @@ void fillNearGray(const PaddedImage& image, std::string_view sample, uint32_t se
 
 std::vector<Subject> subjects(std::span<const Function> functions, void* sizeQuery) {
   std::vector<Subject> list = {{"tolkReduceBitsGetBufferSize", nullptr, sizeQuery}};
-  for (const Function& f : functions) list.push_back({std::string(f.name), &f, f.linked});
+  for (const Function& f : functions) list.push_back({std::string(f.name), &f, f.linked()});
   std::sort(list.begin(), list.end(), [](const Subject& a, const Subject& b) { return a.name < b.name; });
   return list;
 }

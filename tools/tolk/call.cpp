@@ -57,7 +57,7 @@ double callFunction(const Function& function, RawImage& src, RawImage& dst, Call
   for (int i = 0; i < times && status >= 0; ++i) {
     if (function.inPlace) std::copy(src.bytes.begin(), src.bytes.end(), dst.bytes.begin());
     const auto start = std::chrono::steady_clock::now();
-    status = function.invoke(function.linked, call);
+    status = function.invoke(function.linked(), call);
     seconds.push_back(std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count());
   }
   if (status != tolkStatusOk) report(function, status, strict);
