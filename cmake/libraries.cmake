@@ -57,8 +57,10 @@ function(tolk_library target)
                                               $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>
                                        PRIVATE ${PROJECT_SOURCE_DIR})
   target_compile_options(${target} PRIVATE ${TOLK_WARNINGS} -ffp-contract=off -fno-exceptions -fno-rtti
-                                           -fno-math-errno -fvisibility-inlines-hidden ${arg_FLAGS})
-  target_link_options(${target} PRIVATE -Wl,--no-undefined -Wl,--as-needed
+                                           -fno-math-errno -fvisibility-inlines-hidden ${TOLK_SANITIZE_LIBRARY}
+                                           ${arg_FLAGS})
+  target_link_options(${target} PRIVATE $<$<NOT:$<BOOL:${TOLK_SANITIZE}>>:-Wl,--no-undefined>
+                                        -Wl,--as-needed
                                         -Wl,--version-script=${PROJECT_SOURCE_DIR}/frame/exports.map)
   set_target_properties(${target} PROPERTIES
     OUTPUT_NAME tolkcolor VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR}
@@ -77,7 +79,9 @@ if(TOLK_V3_LIBRARY)
 endif()
 
 # The same sources pixel by pixel on plain integers: the benchmark's measure of "plain scalar code". Never installed.
-if(TOLK_BENCH OR TOLK_TESTS)
+set(TOLK_TESTED ${TOLK_CLASSES})
+if(TOLK_BENCH OR (TOLK_TESTS AND NOT TOLK_SANITIZE))
   tolk_library(tolkcolor_plain FOLDER plain FLAGS -mssse3 -DTOLK_PLAIN -O2
     $<IF:$<CXX_COMPILER_ID:GNU>,-fno-tree-vectorize,-fno-vectorize> $<$<CXX_COMPILER_ID:Clang>:-fno-slp-vectorize>)
+  list(APPEND TOLK_TESTED tolkcolor_plain)
 endif()
