@@ -18,8 +18,11 @@ foreach(class IN LISTS TOLK_CLASSES)
   tolk_check(instructions.${kind} ${Python3_EXECUTABLE} ${checks}/instructions.py ${kind} $<TARGET_FILE:${class}>)
   tolk_check(dependencies.${kind} ${Python3_EXECUTABLE} ${checks}/dependencies.py ${kind} $<TARGET_FILE:${class}>)
 endforeach()
-tolk_check(exports ${Python3_EXECUTABLE} ${checks}/exports.py ${checks}/functions.txt
+tolk_check(exports ${Python3_EXECUTABLE} ${checks}/exports.py ${checks}/abi.txt
            ${PROJECT_SOURCE_DIR}/include/tolkcolor.h ${files})
+tolk_check(abi ${checks}/abi.sh ${Python3_EXECUTABLE} ${CMAKE_C_COMPILER} ${PROJECT_SOURCE_DIR}/include/tolkcolor.h
+           ${checks}/abi.txt ${PROJECT_BINARY_DIR}/abi)
+set_tests_properties(check.abi PROPERTIES SKIP_RETURN_CODE 77)
 
 # The installed tree, used as a stranger would: no CMake, only the header's and the library's folder.
 set(prefix ${PROJECT_BINARY_DIR}/installed)

@@ -12,6 +12,7 @@ if(TOLK_SANITIZE STREQUAL "address")
   add_compile_options(-fsanitize=address,undefined,float-cast-overflow -fno-sanitize-recover=all
                       -fno-sanitize=pointer-overflow,null,object-size)
   add_link_options(-fsanitize=undefined)
+  set(TOLK_SANITIZE_LIBRARY -fsanitize=fuzzer-no-link) # the fuzzer follows which code an input reaches
 elseif(TOLK_SANITIZE)
   set(TOLK_SANITIZE_LIBRARY -fsanitize=${TOLK_SANITIZE})
 endif()

@@ -14,6 +14,9 @@ struct Case {
   Layout src, dst;
   Contents contents = Contents::Random;
   uint32_t variant = 0;  // turns to other methods, noise and levels of bit reduction, and rectangles of a mosaic
+  std::optional<tolk::Call> settings = {};  // the arguments besides images, in place of those that turn
+  uint32_t seed = 0;                        // of the contents; with 0 no two cases have the same
+  std::span<const uint8_t> samples = {};    // repeated from byte `seed % row` of each source row to its end
 };
 std::string describe(const Case& c);
 
@@ -33,6 +36,7 @@ class Rig {
   TolkStatus callExpected(const tolk::Call& call) const;  // on images of `expected`
   testing::AssertionResult run() const;                   // both calls, then the statuses and every byte
   // Every byte: rows, slack and sources. Samples that rest on a power may differ by its accuracy.
+  // Any number that is none is as good as another where the case has samples or settings of its own.
   testing::AssertionResult compare() const;
 
   Images tested, expected;
@@ -41,6 +45,8 @@ class Rig {
  private:
   const tolk::Function& function() const { return *case_.subject->function; }
   void fill(Images& images) const;
+  void overwrite(const Image& source) const;
+  void acceptNans() const;
   void acceptPowers() const;
   void acceptRows() const;
 

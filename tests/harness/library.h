@@ -21,6 +21,9 @@ using tolk::SideArguments, tolk::sideArguments, tolk::StepKind, tolk::takesNullC
 // Defined but for the accuracy of a single-precision power.
 inline bool roundsPower(const tolk::Function& f) { return f.family == "Gamma" && f.src.sample == "32f"; }
 
+// The references of some functions read the planes behind a null array; the library reports the array instead.
+bool undefinedInReference(const tolk::Function& f, const tolk::Call& call);
+
 // Loads the file that TOLK_LIBRARY names. A failure or a function that is missing ends the program with a message.
 void openLibrary();
 void* librarySymbol(const char* name);
