@@ -188,7 +188,8 @@ struct RgbFromHls {
 // Three channels through a form, the fourth as it is.
 template <class Form>
 struct WithAlpha {
-  static constexpr bool kTakesSamples = requires { Form::kTakesSamples; }, kUsesFloats = true;
+  static constexpr bool kTakesSamples = requires { Form::kTakesSamples; }
+  , kUsesFloats = true;
 
   LANE_OP static auto result(auto alpha) { return alpha; }
   template <int L>
