@@ -357,7 +357,7 @@ LANE_OP int sampleOf(int value) {
 }
 template <class Sample>
 LANE_OP int sampleOf(LowBits<int> result) {
-  return static_cast<Sample>(result.value - kBias<Sample>);
+  return static_cast<Sample>(static_cast<uint32_t>(result.value) - uint32_t{kBias<Sample>});
 }
 
 }  // namespace detail

@@ -20,7 +20,8 @@ PLANE_OF = {"": 0, "Y": 0, "CbCr": 1, "CrCb": 1}
 
 
 def quoted(text):
-    return '"' + text.replace("\\", "\\\\").replace('"', '\\"').replace("\n", "\\n") + '"'
+    """A literal that knows its length: compilers count no further than some million characters."""
+    return '"' + text.replace("\\", "\\\\").replace('"', '\\"').replace("\n", "\\n") + '"sv'
 
 
 def comment_text(comment):

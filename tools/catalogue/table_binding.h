@@ -5,6 +5,8 @@
 
 namespace tolk {
 
+using namespace std::string_view_literals;
+
 template <class T>
 struct Planes {
   explicit Planes(const Side& side) : missing(side.nullArray) {
