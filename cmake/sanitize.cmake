@@ -1,4 +1,5 @@
-# Instrumented trees, which build and run what finds faults of memory and no more. They take clang.
+# Instrumented trees, which build and run no more than what finds faults of their kind; they take clang. Their test
+# presets end a faulty process by a signal: a sanitizer's status reads as that of a skipped test or a refused picture.
 set(TOLK_SANITIZE "" CACHE STRING "instrument for: address (and undefined behaviour), memory, thread; or nothing")
 set_property(CACHE TOLK_SANITIZE PROPERTY STRINGS "" address memory thread)
 set(TOLK_SANITIZE_LIBRARY "") # flags of the library alone

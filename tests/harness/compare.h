@@ -59,6 +59,10 @@ class Rig {
 Rig& sharedRig();
 testing::AssertionResult runCase(const Case& c);
 
+// Of the longest loops one turn in so many is taken, runCase's in between pass: TOLK_SAMPLE, a prime, since cases turn
+// through layouts and heights.
+int sample();
+
 using tolk::announce, tolk::reportFaults;
 
 }  // namespace harness

@@ -2,7 +2,6 @@
 // chroma, one function for each rule of the header.
 #include <algorithm>
 #include <cctype>
-#include <cstdlib>
 #include <set>
 
 #include "sweeps/all_functions.h"
@@ -45,19 +44,13 @@ static constexpr uint32_t pixelValue(int64_t i) {  // a permutation of 24 bits
   return value ^ value >> 11;
 }
 
-// TOLK_SAMPLE=n makes every input one chunk of inputs in n.
-static int64_t sampled(int64_t chunk) {
-  const char* sample = std::getenv("TOLK_SAMPLE");
-  return chunk * std::max(sample ? std::atoi(sample) : 1, 1);
-}
-
 class Exhaustive : public AllFunctions {
  protected:
   // Chunks of rows `width` wide hold each pixel value once.
   void everyPixel(int32_t width) {
     const TolkSize roi{width, static_cast<int32_t>(kChunk / width)};
     harness::Rig& rig = harness::sharedRig();
-    for (int64_t next = 0; next < kPixels; next += sampled(int64_t{roi.width} * roi.height)) {
+    for (int64_t next = 0; next < kPixels; next += int64_t{roi.width} * roi.height * harness::sample()) {
       rig.prepare({&GetParam(), roi, kTight, kTight});
       const harness::Image &image = rig.input(rig.tested), &other = rig.input(rig.expected);
       for (int channel = 0; channel < 3; ++channel) {
@@ -105,7 +98,7 @@ class ExhaustiveDecoders : public AllFunctions {
     const int rows = (255 + counted * group.down) / (counted * group.down);
     const int64_t chunk = kChunk / (width * group.down);
     harness::Rig& rig = harness::sharedRig();
-    for (int64_t next = 0; next < (1 << 16) * rows; next += sampled(chunk)) {
+    for (int64_t next = 0; next < (1 << 16) * rows; next += chunk * harness::sample()) {
       rig.prepare({&GetParam(), {width, static_cast<int32_t>(chunk * group.down)}, kTight, kTight});
       for (harness::Images* images : {&rig.tested, &rig.expected})
         for (int64_t y = 0; y < chunk; ++y) {

@@ -14,10 +14,10 @@ using harness::Contents;
 // Rounding for x87 and SSE, and what is done with denormal numbers; the state before comes back.
 class State {
  public:
-  State(int rounding, int denormals) {
+  State(int rounding, unsigned denormals) {
     std::fegetenv(&before_);
     std::fesetround(rounding);
-    _mm_setcsr(_mm_getcsr() | static_cast<unsigned>(denormals));
+    _mm_setcsr(_mm_getcsr() | denormals);
   }
   ~State() { std::fesetenv(&before_); }
   static std::pair<int, unsigned> current() { return {std::fegetround(), _mm_getcsr() & ~unsigned{_MM_EXCEPT_MASK}}; }
@@ -32,7 +32,7 @@ class State {
   return call;
 }
 
-void expectSame(const harness::Case& c, int rounding, int denormals) {
+void expectSame(const harness::Case& c, int rounding, unsigned denormals) {
   harness::Rig& rig = harness::sharedRig();
   rig.prepare(c);
   const tolk::Call tested = roundedWeights(rig.tested.call(c)), expected = roundedWeights(rig.expected.call(c));
@@ -62,7 +62,7 @@ TEST_P(FloatState, LeavesResultsAndItself) {
   constexpr harness::Layout kRight{.flush = harness::Layout::Right};
   const tolk::Function& f = *GetParam().function;
   for (const int rounding : {FE_TONEAREST, FE_DOWNWARD, FE_UPWARD, FE_TOWARDZERO})
-    for (const int denormals : {0, _MM_FLUSH_ZERO_ON | _MM_DENORMALS_ZERO_ON})
+    for (const unsigned denormals : {0u, unsigned{_MM_FLUSH_ZERO_ON | _MM_DENORMALS_ZERO_ON}})
       for (const Contents contents : {Contents::Random, Contents::Extremes})
         for (const int32_t width : {1, 7, 37, 64, 301})
           for (uint32_t variant = 0; variant < (f.has("ditherType") ? 10 : 1); ++variant) {

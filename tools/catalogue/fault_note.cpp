@@ -22,7 +22,7 @@ void reportFaults() {
   struct sigaction action {};
   action.sa_handler = onFault;
   action.sa_flags = static_cast<int>(SA_RESETHAND);  // the faulting instruction then ends the program
-  for (const int signal : {SIGSEGV, SIGBUS, SIGILL, SIGFPE}) sigaction(signal, &action, nullptr);
+  for (const int signal : {SIGSEGV, SIGBUS, SIGILL, SIGFPE, SIGABRT}) sigaction(signal, &action, nullptr);
 }
 
 void announce(const std::string& text) { snprintf(running, sizeof running, "%s", text.c_str()); }
