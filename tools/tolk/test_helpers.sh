@@ -6,6 +6,7 @@ folder=$(mktemp -d)
 trap 'rm -rf "$folder"' EXIT
 cd "$folder" || exit 1
 failures=0 checks=0
+preload=  # a library that `say` puts before all others of the tool
 
 fail() { echo "FAILED: $*"; failures=$((failures + 1)); }
 
@@ -13,7 +14,7 @@ say() {  # STATUS WORDS COMMAND...: runs the tool, whose words are left in $outp
   local status=$1 words=$2 got=0
   shift 2
   checks=$((checks + 1))
-  output=$("$tool" "$@" 2>&1 </dev/null) || got=$?
+  output=$(env ${preload:+"LD_PRELOAD=$preload"} "$tool" "$@" 2>&1 </dev/null) || got=$?
   ((got == 0 || got > 127)) || got=1
   [[ $got == "$status" && $output == *"$words"* ]] ||
     fail "tolk $*: expected status $status and \"$words\", got status $got and: $output"

@@ -19,9 +19,9 @@ say 0 "tolkRGBToGray_8u_AC4C1R is right"$'\n'"tolkRGBToGray_8u_C3C1R is right" s
 say 1 "no function matches C3R?" selftest 'C3R?'
 
 namesOneFault selftest --library "$wrong"
-export LD_PRELOAD=$wrong
+preload=$wrong
 namesOneFault selftest
-unset LD_PRELOAD
+preload=
 say 132 "fault in tolkRGBToGray_8u_C3C1R" selftest tolkRGBToGray_8u --library "$crashing"
 say 1 "tolkRGBToGray_8u_AC4C1R is not exported" selftest tolkRGBToGray_8u_AC4C1R --library "$crashing"
 say 1 "cannot load none.so" selftest --library none.so

@@ -171,7 +171,7 @@ checks=$((checks + 2))
 "$tool" list >/dev/full 2>&1 && fail "a full standard output is no error of list"
 "$tool" run "$toPlanes" six.ppm - >/dev/full 2>&1 && fail "a full standard output is no error of run"
 
-export LD_PRELOAD=$odd_size
+preload=$odd_size
 say 0 "returned tolkStatusOddSize (35)" run "$toPacked" gray.pgm odd.raw
 holds odd.raw 000000000000
 say 1 "nothing is written" run "$toPacked" gray.pgm strict.raw --strict

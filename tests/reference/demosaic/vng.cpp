@@ -127,7 +127,8 @@ Samples colours(const Mosaic<Sample>& m, Integer x, Integer y) {
 template <typename Sample>
 Sample scaled(Integer colour, float gain) {
   const float product = static_cast<float>(colour) * gain;
-  const float limited = std::min(std::max(product, 0.0f), float{std::numeric_limits<Sample>::max()});
+  // A product that is not a number is limited to 0.
+  const float limited = std::min(std::max(0.0f, product), float{std::numeric_limits<Sample>::max()});
   Integer nearest = (static_cast<Integer>(limited * 2) + 1) >> 1;
   if (nearest % 2 == 1 && static_cast<float>(nearest) - 0.5f == limited) --nearest;
   return static_cast<Sample>(nearest);
